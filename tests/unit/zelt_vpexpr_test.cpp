@@ -27,10 +27,6 @@ TEST(VpexprTest, ConstructorsSetTextValueAndType) {
   VPEXPR big(0xFFFFFFFFL, VPEXPR::EVAL_UNSIGNED);
   EXPECT_EQ(big.text, "4294967295");
   EXPECT_EQ(big.value64(), 0xFFFFFFFFLL);
-  VPEXPR clear("0");
-  EXPECT_EQ(clear.eval_type, VPEXPR::EVAL_UNSET);
-  EXPECT_FALSE(clear.is_const());
-  EXPECT_EQ(VPEXPR::two->value64(), 2);
 }
 
 TEST(VpexprTest, ShortCutsReturnOperandsOrSharedZero) {
@@ -73,10 +69,7 @@ TEST(VpexprTest, SymbolicTextsAndReferencesInOrder) {
   EXPECT_EQ(VPEXPR::diff(num(0), eb)->text, "-(b)");
   EXPECT_EQ(VPEXPR::diff(num(0), eb)->parm_refs.count(b), 1u);
   EXPECT_EQ(VPEXPR::diff(ea, num(3))->text, "((a) - (3))");
-  EXPECT_EQ(VPEXPR::product(ea, eb)->text, "((a) * (b))");
-  EXPECT_EQ(VPEXPR::quotient(ea, num(4))->text, "((a) / (4))");
   EXPECT_EQ(VPEXPR::modulus(ea, num(4))->text, "((a) % (4))");
-  EXPECT_FALSE(VPEXPR::sum(ea, num(1))->uses_width);
 }
 
 TEST(VpexprTest, FoldsWrapOn32BitsAndAreSigned) {
@@ -87,9 +80,7 @@ TEST(VpexprTest, FoldsWrapOn32BitsAndAreSigned) {
   EXPECT_EQ(VPEXPR::product(num(65536), num(65536))->text, "0");
   EXPECT_EQ(VPEXPR::product(num(0x7FFFFFFF), num(2))->text, "-2");
   EXPECT_EQ(VPEXPR::diff(num(0), num(0x80000000L, VPEXPR::EVAL_UNSIGNED))->text, "-2147483648");
-  const VPEXPR* big = VPEXPR::diff(num(3), num(5));
-  EXPECT_EQ(big->text, "-2");
-  EXPECT_EQ(big->value64(), -2);
+  EXPECT_EQ(VPEXPR::diff(num(3), num(5))->value64(), -2);
 }
 
 TEST(VpexprTest, DivisionExtendsBySignedness) {
