@@ -1,8 +1,10 @@
 // Recognition of one command-line word: the option's name, its argument, and
 // the effects of the option in the order the tool has always applied them.
+#include <cstdint>
 #include <cstdlib>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "DIAG/diag.h"
 #include "options/option_table.h"
