@@ -16,7 +16,7 @@ trap 'rm -rf "$work"' EXIT
 mkdir -p "$work/bin" "$work/run" "$work/out"
 ln -s "$zlc" "$work/bin/zlc9k"
 (cd "$case_dir" && tar --exclude=./expected --exclude=./cmd -cf - .) | (cd "$work/run" && tar -xf -)
-(cd "$work/run" && find . -type f -exec md5sum {} + | sort -k2) > "$work/inputs"
+(cd "$work/run" && find . -type f -exec md5sum {} + | sort) > "$work/inputs"
 
 (cd "$work/run" && PATH="$work/bin:$PATH" eval "zlc9k $(cat "$case_dir/cmd")" \
    > "$work/out/stdout" 2> "$work/out/stderr" < /dev/null)
@@ -24,7 +24,7 @@ echo $? > "$work/out/status"
 
 # Files the run created or changed.
 mkdir -p "$work/out/files"
-(cd "$work/run" && find . -type f -exec md5sum {} + | sort -k2) > "$work/after"
+(cd "$work/run" && find . -type f -exec md5sum {} + | sort) > "$work/after"
 comm -13 "$work/inputs" "$work/after" | while read -r _ f; do
   mkdir -p "$(dirname "$work/out/files/$f")"
   cp "$work/run/$f" "$work/out/files/$f"

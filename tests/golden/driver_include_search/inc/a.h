@@ -1,0 +1,1 @@
+#warn a.h from the first path

@@ -1,0 +1,1 @@
+#warn wrong a.h

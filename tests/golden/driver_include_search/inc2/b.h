@@ -1,0 +1,1 @@
+#warn b.h from the second path

@@ -1,0 +1,1 @@
+#warn local header next to the source
