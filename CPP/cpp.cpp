@@ -10,6 +10,12 @@ namespace {
 
 CPP_CLIENT_INTERFACE default_cpp_client_interface;
 
+std::string quoted(std::string text) {
+  text.insert(text.begin(), '"');
+  text.push_back('"');
+  return text;
+}
+
 }  // namespace
 
 std::string CPP_CLIENT_INTERFACE::find_h_file(const char* name, bool) { return name; }
@@ -53,8 +59,8 @@ CPP_IMPL::CPP_IMPL(const char* file, FILE* fp, CPP_CLIENT_INTERFACE* client)
   // "Www Mmm dd hh:mm:ss yyyy\n"
   const std::time_t now = std::time(nullptr);
   const std::string stamp = std::asctime(std::localtime(&now));
-  pp_create_def("__DATE__", "\"" + stamp.substr(4, 7) + stamp.substr(20, 4) + "\"", true);
-  pp_create_def("__TIME__", "\"" + stamp.substr(11, 8) + "\"", true);
+  pp_create_def("__DATE__", quoted(stamp.substr(4, 7) + stamp.substr(20, 4)), true);
+  pp_create_def("__TIME__", quoted(stamp.substr(11, 8)), true);
   file_macro = pp_create_def("__FILE__", "\"\"", true);
   line_macro = pp_create_def("__LINE__", "0", true);
 }
