@@ -1,0 +1,2 @@
+#warn inside the header
+#if 1
