@@ -1,0 +1,88 @@
+// The binding of the generated lexer and parser to the translator: input
+// streams per file name for "#line", the error hooks, and the helpers that
+// the grammar's actions and predicates call.
+#ifndef ZLC_ZELT_ZLC_ANTLR_IF_H
+#define ZLC_ZELT_ZLC_ANTLR_IF_H
+
+#include <antlr3.h>
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "DIAG/diag.h"
+
+struct zeltLexer_Ctx_struct;
+struct zeltParser_Ctx_struct;
+
+class ANTLR_INTERFACE {
+ public:
+  // Builds stream, lexer, token stream and parser over `text`, which must
+  // outlive this object; `file_name` names the text until a "#line" says
+  // otherwise.
+  ANTLR_INTERFACE(std::string& text, const char* file_name);
+  ~ANTLR_INTERFACE();
+  ANTLR_INTERFACE(const ANTLR_INTERFACE&) = delete;
+  ANTLR_INTERFACE& operator=(const ANTLR_INTERFACE&) = delete;
+
+  // Parses the whole text; the kernels are built as a side effect.
+  void invoke();
+
+  // The stream of that name, made on first use over the same text.
+  pANTLR3_INPUT_STREAM input_stream(const char* file_name);
+
+  // Switches the lexer to the stream of `file_name` (when given and new) at
+  // the current read position, and sets the current line to `line`.
+  void line_directive(const char* file_name, int line);
+
+  void push_rule(const char* name) { rule_stack.push_back(name); }
+  void pop_rule() {
+    if (!rule_stack.empty()) rule_stack.pop_back();
+  }
+
+  // The hooks installed in the recognisers.
+  static void reportError(pANTLR3_BASE_RECOGNIZER recognizer);
+  static void displayRecognitionError(pANTLR3_BASE_RECOGNIZER recognizer,
+                                      pANTLR3_UINT8* token_names);
+  static void displayRecognitionErrorLex(pANTLR3_BASE_RECOGNIZER recognizer,
+                                         pANTLR3_UINT8* token_names);
+
+  // The interface that owns a lexer or parser recogniser, or null.
+  static ANTLR_INTERFACE* current_ai(pANTLR3_BASE_RECOGNIZER recognizer);
+
+ private:
+  std::string& source_text;
+  pANTLR3_INPUT_STREAM current_stream = nullptr;
+  zeltLexer_Ctx_struct* lexer = nullptr;
+  pANTLR3_COMMON_TOKEN_STREAM token_stream = nullptr;
+  zeltParser_Ctx_struct* parser = nullptr;
+  std::map<std::string, pANTLR3_INPUT_STREAM> stream_table;
+  std::vector<const char*> rule_stack;
+};
+
+// The position of a token: its stream's name, line and column; "unknown",
+// 0, 0 without a token or a stream name.
+DIAG_SRCINFO_DATA antlr_srcinfo(pANTLR3_COMMON_TOKEN token);
+
+// Texts of tokens and of rules; a missing text is empty.
+std::string antlr_text(pANTLR3_COMMON_TOKEN token);
+std::string antlr_text(pANTLR3_STRING text);
+
+// Reports a diagnostic at a token.
+void antlr_report(DIAGNOSTIC& message, pANTLR3_COMMON_TOKEN token);
+
+// Predicates of the grammar: the token names a vector register, or an
+// address generator, visible from the current block.
+bool is_vreg(pANTLR3_COMMON_TOKEN token);
+bool is_agen(pANTLR3_COMMON_TOKEN token);
+
+// The rule stack of the parser's interface.
+void antlr_push(pANTLR3_BASE_RECOGNIZER recognizer, const char* rule_name);
+void antlr_pop(pANTLR3_BASE_RECOGNIZER recognizer);
+
+// The "#line" command, from the lexer's action.
+void antlr_line_directive(pANTLR3_LEXER lexer, const char* file_name, int line);
+int antlr_parse_line_number(pANTLR3_COMMON_TOKEN number);
+
+#endif
