@@ -13,7 +13,10 @@ set(ZELT_GEN_HEADERS ${ZELT_GEN_DIR}/zeltLexer.h ${ZELT_GEN_DIR}/zeltParser.h)
 add_custom_command(
   OUTPUT ${ZELT_GEN_SOURCES} ${ZELT_GEN_HEADERS}
   COMMAND ${CMAKE_COMMAND} -E make_directory ${ZELT_GEN_DIR}
-  COMMAND ${ANTLR3_TOOL} -fo ${ZELT_GEN_DIR} -lib ${CMAKE_SOURCE_DIR}/ZELT_ZLC ${ZELT_GRAMMAR}
+  # The tool's template warnings for the C target go to a log; on failure
+  # the log is shown.
+  COMMAND sh -c "\"$0\" -fo \"$1\" -lib \"$2\" \"$3\" > \"$1/antlr3.log\" 2>&1 || { cat \"$1/antlr3.log\"; exit 1; }"
+          ${ANTLR3_TOOL} ${ZELT_GEN_DIR} ${CMAKE_SOURCE_DIR}/ZELT_ZLC ${ZELT_GRAMMAR}
   DEPENDS ${ZELT_GRAMMAR} ${ZELT_VOCAB}
   COMMENT "Generating the kernel-language lexer and parser"
   VERBATIM)

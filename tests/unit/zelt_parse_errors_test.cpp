@@ -1,0 +1,84 @@
+// Syntax errors: their words, positions, the "#line" streams and the
+// suppression of cascades.
+#include "tests/unit/zelt_parse_support.h"
+
+namespace {
+
+TEST(ZeltParseErrors, MissingSemicolonNamesTheToken) {
+  const PARSE_RESULT r = parse_text("void k() {\n  __vector a\n  __vector b;\n}\n");
+  EXPECT_EQ(r.err, "\"k.zc\", line 3: error: syntax error - expected ';'\n");
+  EXPECT_EQ(r.errors, 1);
+}
+
+TEST(ZeltParseErrors, TokenFittingNoAlternativeGivesNearTextOnly) {
+  EXPECT_EQ(parse_text("void k() { ] }").err, "\"k.zc\", line 1: error: syntax error near ']'\n");
+  EXPECT_EQ(parse_text("void k() { }").err, "\"k.zc\", line 1: error: syntax error near '}'\n");
+  EXPECT_EQ(parse_text("void k(void) { __vector a; }").err,
+            "\"k.zc\", line 1: error: syntax error near ')'\n");
+  EXPECT_EQ(parse_text("void k(int x[N]) { __vector a; }").err,
+            "\"k.zc\", line 1: error: syntax error near '['\n");
+  EXPECT_EQ(parse_text("void k() { __vector a; a = 1.5; }").err,
+            "\"k.zc\", line 1: error: syntax error near '1.5'\n");
+}
+
+TEST(ZeltParseErrors, EndOfInput) {
+  EXPECT_EQ(parse_text("").err, "\"k.zc\", line 1: error: syntax error at end-of-file\n");
+  EXPECT_EQ(parse_text("void k() {\n for (int i = 0; i < 4; i++) {\n").err,
+            "\"k.zc\", line 3: error: syntax error at end-of-file\n");
+  EXPECT_EQ(parse_text("void k() { __vector a; } int").err,
+            "\"k.zc\", line 1: error: syntax error near 'int' - expected end-of-file\n");
+}
+
+TEST(ZeltParseErrors, LineCommandsSetFileAndLine) {
+  const PARSE_RESULT r = parse_text(
+      "#line 7 \"b.h\" \nvoid k() { __vector a; x }\n"
+      "#line 3 \"c.h\"\nvoid j() {\n}\n"
+      "#line 9 \"b.h\"\nvoid m() {}\n"
+      "#line 20\nvoid n() {}\n");
+  EXPECT_EQ(r.err,
+            "\"b.h\", line 7: error: syntax error near '}'\n"
+            "\"c.h\", line 4: error: syntax error near '}'\n"
+            "\"b.h\", line 9: error: syntax error near '}'\n"
+            "\"b.h\", line 20: error: syntax error near '}'\n");
+  EXPECT_EQ(r.errors, 4);
+}
+
+TEST(ZeltParseErrors, CascadesAreSuppressedUntilAMatch) {
+  // The second error follows the first without a token matched in between.
+  const PARSE_RESULT r = parse_text("void k() { __vector a; a = ] ] ; }");
+  EXPECT_EQ(r.err, "\"k.zc\", line 1: error: syntax error near ']'\n");
+  EXPECT_EQ(r.errors, 1);
+}
+
+TEST(ZeltParseErrors, GrammarRefusals) {
+  const char* head = "void k(__vptr_int16 x, int n) { __vector a, b; __agen A = i; ";
+  auto errors_of = [&](const std::string& body) { return parse_text(head + body + " }").err; };
+  EXPECT_NE(errors_of("for (int i = 0; i <= n; i++) { a = x[A]; }").find("near '<='"),
+            std::string::npos);
+  EXPECT_EQ(errors_of("for (int i = 0; j < n; k++) { a = x[A]; }"), "");
+  EXPECT_NE(errors_of("a = a + b - a;"), "");
+  EXPECT_NE(errors_of("a = a + b >> 1;"), "");
+  EXPECT_NE(errors_of("x[A] = a.saturate(1, 2, 3);"), "");
+  EXPECT_EQ(errors_of("x[A] = a.saturate(1, 2, 3, 4);"), "");
+  EXPECT_NE(errors_of("if (a[0] == 0) goto out;"), "");
+  EXPECT_NE(errors_of("a = (a + b).round(3).truncate(2);"), "");
+  EXPECT_EQ(errors_of("a = (a).round(3);"), "");
+  EXPECT_EQ(errors_of("a = (short)1;"),
+            "\"k.zc\", line 1: error: syntax error near '('\n"
+            "\"k.zc\", line 1: error: syntax error near '('\n");
+  EXPECT_EQ(errors_of("a = b.foo();").rfind("\"k.zc\", line 1: error: syntax error near 'b'\n", 0), 0u);
+  EXPECT_NE(errors_of("for (int i = 0; i < n; i++) { a = x[A]; } out: b = a;"), "");
+  EXPECT_EQ(errors_of("a = x[A] % WHATEVER;"), "");
+}
+
+TEST(ZeltParseErrors, UnknownDistributionAndMethod) {
+  const PARSE_RESULT r = parse_text(
+      "void k(__vptr_int16 x) { __agen A = 0; __vector a, b;\n"
+      " a = x[A].bogus();\n x[A].wrong(a) = b;\n (a, b).foo(x);\n}");
+  EXPECT_EQ(r.err,
+            "\"k.zc\", line 2: error: distribution option doesn't exist\n"
+            "\"k.zc\", line 3: error: distribution option doesn't exist\n"
+            "\"k.zc\", line 4: error: method doesn't exist\n");
+}
+
+}  // namespace

@@ -1,0 +1,102 @@
+// The model that the parser's actions build: kernels, parameters, loop
+// levels, and the lookups behind the register and generator predicates.
+#include "tests/unit/zelt_parse_support.h"
+#include "ZELT_ZLC/vcmd.h"
+#include "ZELT_ZLC/vkernel.h"
+
+namespace {
+
+TEST(ZeltParseModel, KernelHeadAndParameters) {
+  const PARSE_RESULT r = parse_text(
+      "void first(__update __tscratch unsigned char ** q, T *p, long long t[4][], int n)"
+      " { __vector a; }\nvoid second() { __vector b; }");
+  EXPECT_EQ(r.err, "");
+  EXPECT_EQ(curr_vkernel->name, "second");
+  EXPECT_EQ(curr_vkernel->pblock_name, "__pblock_second");
+  ASSERT_NE(curr_vkernel->lookup_vreg("b"), nullptr);
+  EXPECT_EQ(curr_vkernel->lookup_vreg("a"), nullptr);
+
+  const PARSE_RESULT one = parse_text("void f(__update __tscratch unsigned char ** q, T *p,"
+                                      " long long t[4][]) { __vector a; }");
+  EXPECT_EQ(one.err, "");
+  PARM* q = curr_vkernel->lookup_parm("q");
+  ASSERT_NE(q, nullptr);
+  EXPECT_EQ(q->type_text, "unsigned char **");
+  EXPECT_EQ(q->qualifiers, PARM::QF_UPDATE | PARM::QF_TSCRATCH);
+  EXPECT_EQ(curr_vkernel->lookup_parm("p")->type_text, "T *");
+  PARM* t = curr_vkernel->lookup_parm("t");
+  EXPECT_EQ(t->type_text, "long long");
+  EXPECT_TRUE(t->is_array);
+  EXPECT_EQ(t->array_text, "[]");
+}
+
+TEST(ZeltParseModel, LoopsCloseIntoVectorLoops) {
+  const PARSE_RESULT r = parse_text(
+      "void k(int n) { __vector_int32 a; __agen G = 0;\n"
+      " for (int j = 0; j < n; j++) { __vector b; __agen A = i;\n"
+      "  for (int i = 0; i < n; i++) { b = a; } }\n"
+      " for (int i = 0; i < n; i++) { a = a; } }");
+  EXPECT_EQ(r.err, "");
+  ASSERT_EQ(curr_vkernel->vcmds.size(), 2u);
+  VCMD* first = curr_vkernel->vcmds[0];
+  ASSERT_EQ(first->blocks.size(), 3u);
+  EXPECT_EQ(first->blocks[1]->lcv, "j");
+  EXPECT_EQ(first->blocks[1]->depth, 0);
+  EXPECT_EQ(first->blocks[2]->lcv, "i");
+  EXPECT_EQ(first->blocks[2]->depth, 1);
+  EXPECT_EQ(first->innermost, first->blocks[2]);
+  EXPECT_EQ(first->srcinfo.line(), 2u);
+  EXPECT_NE(first->blocks[1]->vregs.lookup("b"), nullptr);
+  EXPECT_NE(first->blocks[1]->agens.lookup("A"), nullptr);
+  EXPECT_EQ(curr_vkernel->lookup_vreg("a")->type, VDATA_TYPE::int32);
+  // The global generator is declared anew in every following loop.
+  EXPECT_NE(curr_vcmd->root.agens.lookup("G"), nullptr);
+  EXPECT_NE(curr_vcmd, first);
+}
+
+TEST(ZeltParseModel, DeclarationRules) {
+  EXPECT_EQ(parse_text("void k() { __vector a; __vector a; }").err,
+            "\"k.zc\", line 1: error: redeclaration of '__vector a' declared on line 1.\n");
+  EXPECT_EQ(parse_text("void k() { __vector V3; }").err,
+            "\"k.zc\", line 1: warning: declaration of internal vector register 'V3'\n");
+  EXPECT_EQ(parse_text("void k(int n) {\n __vector a;\n for (int i = 0; i < n; i++) {\n"
+                       "  __vector a; __agen a; } }")
+                .err,
+            "\"k.zc\", line 4: warning: redeclaration of '__vector a' declared on line 2.\n"
+            "\"k.zc\", line 4: error: redeclaration of '__vector a' declared on line 4.\n");
+  const PARSE_RESULT many = parse_text(
+      "void k() { __agen A0, A1, A2, A3, A4, A5, A6, A7; __agen A8; __vector v; }");
+  EXPECT_EQ(many.err,
+            "\"k.zc\", line 1: error: too many address generators (Max 8), cannot allocate A8\n");
+}
+
+TEST(ZeltParseModel, SiblingLoopsAreRefused) {
+  const PARSE_RESULT r = parse_text(
+      "void k(int n) { __vector a; for (int j = 0; j < n; j++) {\n"
+      " for (int i = 0; i < n; i++) { a = a; }\n for (int i = 0; i < n; i++) { a = a; } } }");
+  EXPECT_EQ(r.err, "\"k.zc\", line 3: error: cannot have more than one nested loop at the same depth\n");
+}
+
+TEST(ZeltParseModel, FifthLevelIsFatal) {
+  std::string text =
+      "void k(int n) { __vector a;\n"
+      " for (int a1 = 0; a1 < n; a1++) { for (int a2 = 0; a2 < n; a2++) {\n"
+      " for (int a3 = 0; a3 < n; a3++) { for (int a4 = 0; a4 < n; a4++) {\n"
+      " for (int a5 = 0; a5 < n; a5++) { a = a; } } } } } }";
+  EXPECT_EXIT(
+      {
+        ANTLR_INTERFACE ai(text, "k.zc");
+        ai.invoke();
+      },
+      testing::ExitedWithCode(1), "line 4: fatal error: loop depth is too high");
+}
+
+TEST(ZeltParseModel, PairAssignmentAliasesTheSources) {
+  const PARSE_RESULT r = parse_text(
+      "void k() { __vector a, b, c, d;\n (a, b) = (c, d).interleave();\n a = c; }");
+  EXPECT_EQ(r.err,
+            "\"k.zc\", line 3: warning: vector register \"c\" is dead here, did you mean \"a\"?\n");
+  EXPECT_EQ(curr_vkernel->lookup_vreg("d")->alias_name, "b");
+}
+
+}  // namespace
