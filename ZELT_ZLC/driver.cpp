@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "DIAG/diag.h"
+#include "ZELT_ZLC/antlr_if.h"
 #include "support/fname.h"
 
 option_obj* global_opts = nullptr;
@@ -97,6 +98,8 @@ void VC_PARSER::set_srcloc(const char* file, unsigned line) {
 void VC_PARSER::parse() {
   if (!cpp) return;
   while (const char* piece = cpp->fgets()) text += piece;
+  ANTLR_INTERFACE parser(text, input->name ? input->name : "");
+  parser.invoke();
 }
 
 std::string ZELT_CPP_CLIENT::find_h_file(const char* name, bool angled) {
