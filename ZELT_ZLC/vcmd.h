@@ -46,6 +46,11 @@ class VCMD {
   // also goes on the kernel's list of global generators.
   AGEN* new_agen(const DIAG_SRCINFO& srcinfo, const std::string& name);
 
+  // Instructions: loads, stores, operations, moves and exits.  Their
+  // definitions live in vcmd_loads.cpp, vcmd_stores.cpp and vcmd_ops.cpp.
+  // INSTRUCTION ENTRY POINTS BEGIN
+  // INSTRUCTION ENTRY POINTS END
+
   VINSTR* curr_instr = nullptr;
   VREG* curr_vreg = nullptr;
   VREG* curr_vreg2 = nullptr;
