@@ -1,17 +1,52 @@
-// Loop levels: adding instructions, looking names up through the levels,
-// and declaring registers and generators.
+// Loop levels: adding instructions, where an instruction stands, looking
+// names up through the levels, and declaring registers and generators.
 #include "ZELT_ZLC/vblock.h"
 
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vkernel.h"
 
-bool VINSTR::is_vblock() const { return dynamic_cast<const VBLOCK*>(this) != nullptr; }
-bool VINSTR::is_vrpt() const { return dynamic_cast<const VRPT*>(this) != nullptr; }
+VINSTR::POSITION VINSTR::position() const {
+  if (is_vblock() || !parent) return POS_UNKNOWN;
+  return parent->position(this);
+}
+
+int32_t VINSTR::zelt_depth() const { return vcmd->zelt_depth(depth); }
+
+VINSTR::POSITION VBLOCK::position(const VINSTR* instr) const {
+  if (instr->is_vblock()) return POS_UNKNOWN;
+  const VBLOCK* innermost = instr->vcmd->innermost;
+  if ((innermost && instr->depth == innermost->depth + 1) || (!innermost && instr->depth == 0))
+    return POS_INNERMOST;
+  for (const VINSTR* child : instrs) {
+    if (child == instr) return POS_BEFORE_NESTED;
+    if (child->is_vblock()) return POS_AFTER_NESTED;
+  }
+  return POS_UNKNOWN;
+}
+
+void VBLOCK::analyze(int32_t& count) {
+  for (VINSTR* instr : instrs) instr->analyze(count);
+}
 
 void VBLOCK::add(VINSTR* instr) {
+  if (instr->is_vblock()) {
+    for (const VINSTR* earlier : instrs) {
+      if (earlier->is_vop() && !earlier->is_vmove() && !earlier->is_vexit())
+        DIAG::zlc_illegal_vop().set_src(&earlier->srcinfo).report();
+      else if (earlier->is_vexit())
+        DIAG::zlc_illegal_exit_depth().set_src(&earlier->srcinfo).report();
+    }
+  }
   instrs.push_back(instr);
   instr->parent = this;
   instr->depth = depth + 1;
+}
+
+std::vector<VINSTR*> VBLOCK::get_instrs_of_type(VINSTR_PREDICATE predicate) const {
+  std::vector<VINSTR*> found;
+  for (VINSTR* instr : instrs)
+    if (!predicate || (instr->*predicate)()) found.push_back(instr);
+  return found;
 }
 
 VREG* VBLOCK::lookup_vreg(const std::string& name) const {

@@ -1,5 +1,6 @@
 // One kernel of the source file: its parameters, its kernel-level registers
-// and generators, and its vector loops in source order.
+// and generators, its vector loops in source order, and the fixed sequence
+// of steps that its closing brace runs.
 #ifndef ZLC_ZELT_ZLC_VKERNEL_H
 #define ZLC_ZELT_ZLC_VKERNEL_H
 
@@ -15,16 +16,39 @@
 #include "ZELT_ZLC/vreg.h"
 
 class VCMD;
+class VINSTR;
 
 class VKERNEL {
  public:
   // The internal registers "V0" to "V15" are predeclared with their numbers.
   static constexpr int32_t internal_vregs = 16;
+  // A vector loop may use at most this many parameter slots, less one.
+  static constexpr int32_t max_pregs = 64;
+  static constexpr int64_t max_tripcount = 0xffff;
 
   VKERNEL(std::ostream& outfile, std::ostream& header_file);
   virtual ~VKERNEL() = default;
   VKERNEL(const VKERNEL&) = delete;
   VKERNEL& operator=(const VKERNEL&) = delete;
+
+  // Everything that follows the kernel's closing brace: analysis, checks,
+  // translation, the source text and the header lines.
+  virtual void format();
+  // The steps that the translating kernel supplies; this kernel writes no
+  // text of its own for them.
+  virtual void format_initializer() {}
+  virtual void format_vloops() {}
+  virtual void format_runner() {}
+  virtual void format_kernel_information() {}
+  // Cycle counters, written only with --profile.
+  virtual void format_profiler_variables();
+  virtual void format_profiler_var(std::ostream& out, const std::string& suffix, bool define);
+  virtual void format_profiler_start();
+  virtual void format_profiler_stop(const std::string& suffix);
+  virtual void format_profiler_log();
+  virtual void translate_for_9k() {}
+  virtual bool needs_update_function() { return false; }
+  virtual void format_update_sig(std::ostream& out) { (void)out; }
 
   // The kernel's name, also appended to the parameter block's name.
   void set_name(const std::string& kernel_name);
@@ -39,13 +63,33 @@ class VKERNEL {
   // The kernel-level table only.
   VREG* lookup_vreg(const std::string& vreg_name) const { return vregs.lookup(vreg_name); }
   AGEN* lookup_global_agen(const std::string& agen_name) const;
+  // The definition of `vreg` recorded by the completed loops, newest first;
+  // a store counts only in the kernel's first loop.
+  VINSTR* find_vreg_instr(const VREG* vreg) const;
 
-  // Takes the completed current loop and starts a fresh one, in which the
-  // global generators are declared anew.
+  // Takes the completed current loop, analyses it, and starts a fresh one
+  // in which the global generators are declared anew.
   void add_curr_vloop();
+
+  // Control indices of `foreach` levels and exits, and the parameter slots
+  // of every loop.
+  void analyze_kernel();
+  // Wider SIMD helps only loops whose trip counts use the width.
+  void check_kernel();
+
+  // Texts of the generated functions' heads.
+  std::string linkage_decl() const;
+  void format_function_signature(std::ostream& out, bool basic) const;
+  void format_init_sig(std::ostream& out) const;
+  std::string format_vloop_sig(bool with_default) const;
+  std::string format_param_count_sig() const;
+  // The two attribute lines of the parameter block, each ended by a newline.
+  static std::string format_preg_attrs();
+  void format_header_file();
 
   std::ostream& outfile;
   std::ostream& header_file;
+  bool cpp_out;  // --cpp_out: no C linkage, the block is a pointer
   VREG_TABLE vregs;
   PARM_TABLE parms;
   std::vector<AGEN*> global_agens;  // declared outside every loop, unique by name
@@ -55,6 +99,9 @@ class VKERNEL {
   std::string pblock_name = "__pblock_";
   uint32_t param_count = 0;
   uint32_t ctrl_count = 0;
+
+ private:
+  bool profiling() const;
 };
 
 // The kernel and the vector loop under construction.

@@ -1,12 +1,15 @@
-// Vector registers: a name, an optional pair partner, the name its value
-// moved to, and an element type; and the table of one kernel or loop level.
+// Vector and scalar registers: a name, an optional pair partner, the name a
+// vector register's value moved to, and an element type; and their tables.
 #ifndef ZLC_ZELT_ZLC_VREG_H
 #define ZLC_ZELT_ZLC_VREG_H
 
+#include <set>
 #include <string>
 
 #include "ZELT_ZLC/symtab.h"
 #include "ZELT_ZLC/vdata_type.h"
+
+struct VLVALUE;
 
 class VREG : public SYMREG {
  public:
@@ -14,9 +17,21 @@ class VREG : public SYMREG {
 
   std::string format_prefix() const override { return "_VREG"; }
 
+  // Makes (this, other) a register pair; a register can't pair with itself
+  // nor belong to two different pairs.
+  void set_pair_partner(VREG* other, const DIAG_SRCINFO& srcinfo);
+  // Records this register as the second of the pair led by `first`.
+  void set_pair_as_secondary(VREG* first);
+  // The other register of this one's pair, or null.
+  VREG* pair_partner() const;
+
+  // An untyped register takes 32 bits from a signed reference of any width,
+  // or from an unsigned 32-bit one.
+  void set_type_from_lvalue(const VLVALUE* lvalue);
+
   VREG* pair_primary = nullptr;
   VREG* pair_secondary = nullptr;
-  bool flag = false;
+  bool load_target = false;  // a load writes this register
   // When not empty, the value of this register lives on under that name and
   // this name is dead.
   std::string alias_name;
@@ -31,6 +46,24 @@ class VREG_TABLE : public SYM_TABLE<VREG> {
 
   // Forgets every alias: all registers are alive under their own names.
   void revive_vregs();
+  // The registers that currently carry an alias, for membership tests.
+  std::set<VREG*> all_aliased_regs() const;
+};
+
+class SREG : public SYMREG {
+ public:
+  SREG(const DIAG_SRCINFO& srcinfo, const std::string& name) : SYMREG(srcinfo, name) {}
+
+  std::string format_prefix() const override { return "_SREG"; }
+
+  VDATA_TYPE type = VDATA_TYPE::untyped;
+};
+
+class SREG_TABLE : public SYM_TABLE<SREG> {
+ public:
+  SREG* new_sreg(const DIAG_SRCINFO& srcinfo, const std::string& name, int32_t number) {
+    return new_sym(srcinfo, name, number);
+  }
 };
 
 #endif
