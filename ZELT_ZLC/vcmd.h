@@ -119,6 +119,51 @@ class VCMD {
   // Instructions: loads, stores, operations, moves and exits.  Their
   // definitions live in vcmd_loads.cpp, vcmd_stores.cpp and vcmd_ops.cpp.
   // INSTRUCTION ENTRY POINTS BEGIN
+  // A load: new_vload (or add_expand_vload), the distribution, then
+  // add_instr(curr_instr).  Custom points come before set_vload_dist(6).
+  void new_vload(const DIAG_SRCINFO& srcinfo);
+  virtual void add_expand_vload(const DIAG_SRCINFO& srcinfo, VREG* flags);
+  virtual void set_vload_dist(int32_t dist);
+  void add_cust_pexpr(const VPEXPR* expr);
+  virtual void add_hist_update(const DIAG_SRCINFO& srcinfo, VREG* data, VREG* weight);
+  virtual void add_table_lookup(const DIAG_SRCINFO& srcinfo, VREG* index);
+  // The statement's register from a constant, expression or loop variable.
+  virtual void new_vinit(const DIAG_SRCINFO& srcinfo, const VPEXPR* value);
+
+  // A store: new_vstore (or new_collate_vstore), its distribution, the
+  // rounding and saturation, the predicate, and last set_vstore_rhs, which
+  // adds it.
+  virtual void new_vstore(const DIAG_SRCINFO& srcinfo);
+  virtual void new_collate_vstore(const DIAG_SRCINFO& srcinfo, VREG* pred);
+  void set_vstore_dist(int32_t dist, VREG* vreg);
+  virtual void set_vstore_pred(VREG* pred);
+  virtual void set_vstore_rhs();
+
+  // Rounding and saturation of the memory instruction in progress.
+  void set_vmem_round(const VPEXPR* expr);
+  void set_vmem_trunc(const VPEXPR* expr);
+  // Any of `b`, `c`, `d` may be null, and `a` too when `b` is.
+  void set_vmem_sat(const VPEXPR* a, const VPEXPR* b, const VPEXPR* c, const VPEXPR* d);
+  // The ROUND_SAT::SAT_MODE that bounds `lo` and `hi` take for the
+  // statement's memory reference.
+  int32_t determine_sat_mode(const VPEXPR* lo, const VPEXPR* hi) const;
+
+  // Operations: `name` is the word without its "__zelt_" prefix; a null
+  // `dst` means the statement's register.
+  virtual void new_vop(const DIAG_SRCINFO& srcinfo, const std::string& name, VREG* dst,
+                       VREG* src1, VREG* src2, VREG* src3);
+  virtual void new_vop2d(const DIAG_SRCINFO& srcinfo, const std::string& name, VREG* src1,
+                         VREG* src2);
+  // `mode` is VOP::ROUND_MODE: 1 round, 2 truncate, 3 left shift.
+  void set_vop_round(int32_t mode, const VPEXPR* value);
+  virtual void new_vmove(const DIAG_SRCINFO& srcinfo, VREG* dst, VREG* src);
+  // A condition of the next move: `pos` 0 compares `lcv` with zero, 1 is
+  // last(lcv, value).
+  virtual void add_vmove_lcv(const DIAG_SRCINFO& srcinfo, const std::string& lcv,
+                             const VPEXPR* value, int32_t pos);
+  virtual void new_vexit(const DIAG_SRCINFO& srcinfo, const std::string& label, VREG* vreg,
+                         const VPEXPR* index, const VPEXPR* rhs);
+  void set_vexit_level(const DIAG_SRCINFO& srcinfo, const std::string& label);
   // INSTRUCTION ENTRY POINTS END
 
   VINSTR* curr_instr = nullptr;
