@@ -48,6 +48,14 @@ class TCMD {
   void translate_round_sat(VINSTR& instr, VREG* reg, VREG*& reg_out, VREG* reg2,
                            VREG*& reg2_out);
 
+  // Operations, prints and the streams of memory accesses.
+  void translate_vop(VINSTR& instr);
+  void translate_vprint(VINSTR& instr);
+  // The access now reads or writes through a streaming engine, or through a
+  // streaming address generator.
+  bool use_se(TINSTR* instr, AGEN* agen);
+  bool use_sa(TINSTR* instr, AGEN* agen);
+
   // A value of `expr` as `type`, with its local copy declared in `top_loop`.
   TVAL* new_tval(const std::string& type, const VPEXPR* expr);
 
