@@ -111,7 +111,7 @@ void VCMD::transfer_vrpt(const VRPT* other) {
 
 void VCMD::copy_vcmd_info(const VCMD& other) {
   transfer_vrpt(other.vrpt);
-  srcinfo = copy_of(other.srcinfo);
+  if (!other.srcinfo.is_equal(&srcloc_internal)) srcinfo = copy_of(other.srcinfo);
 }
 
 VREG* VCMD::lookup_vreg(const std::string& name, const DIAG_SRCINFO& at, bool warn_dead) {

@@ -118,7 +118,6 @@ class VCMD {
 
   // Instructions: loads, stores, operations, moves and exits.  Their
   // definitions live in vcmd_loads.cpp, vcmd_stores.cpp and vcmd_ops.cpp.
-  // INSTRUCTION ENTRY POINTS BEGIN
   // A load: new_vload (or add_expand_vload), the distribution, then
   // add_instr(curr_instr).  Custom points come before set_vload_dist(6).
   void new_vload(const DIAG_SRCINFO& srcinfo);
@@ -164,7 +163,6 @@ class VCMD {
   virtual void new_vexit(const DIAG_SRCINFO& srcinfo, const std::string& label, VREG* vreg,
                          const VPEXPR* index, const VPEXPR* rhs);
   void set_vexit_level(const DIAG_SRCINFO& srcinfo, const std::string& label);
-  // INSTRUCTION ENTRY POINTS END
 
   VINSTR* curr_instr = nullptr;
   VREG* curr_vreg = nullptr;
@@ -177,7 +175,8 @@ class VCMD {
   uint16_t store_count = 0;
   DIAG_SRCINFO_DATA srcinfo;    // the loop's location, internal until a level is pushed
   std::vector<VBLOCK*> blocks;  // root first, in order of creation
-  std::map<const VREG*, VINSTR*> vreg_instrs;  // the defining instruction of each register
+  // The defining instruction of each register, in order of the registers' creation.
+  std::map<const VREG*, VINSTR*, VREG_ORDER> vreg_instrs;
   VKERNEL& kernel;
   VBLOCK root;
   PREG_TABLE pregs;

@@ -2,9 +2,9 @@
 #include <iostream>
 
 #include "ZELT_ZLC/vcmd.h"
+#include "ZELT_ZLC/vcmd_special.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vstore.h"
-#include "options/register_option.h"
 
 namespace {
 
@@ -12,8 +12,7 @@ VSTORE* curr_vstore(VINSTR* instr) { return dynamic_cast<VSTORE*>(instr); }
 
 // With debug:looptype, one line for each store of a special kind.
 void profile_store(const VKERNEL& kernel, VSTORE::VDIST dist) {
-  const register_option* looptype = register_option::get_option("debug:looptype");
-  if (!looptype || *looptype == 0) return;
+  if (!debug_looptype) return;
   if (dist == VSTORE::P_SCATTER)
     std::cout << "ZLC_PROFILE: SCATTER in " << kernel.name << '\n';
   else if (dist == VSTORE::OFFSET_NP1)

@@ -17,6 +17,7 @@
 
 class VCMD;
 class VINSTR;
+class VPEXPR;
 
 class VKERNEL {
  public:
@@ -70,6 +71,15 @@ class VKERNEL {
   // Takes the completed current loop, analyses it, and starts a fresh one
   // in which the global generators are declared anew.
   void add_curr_vloop();
+  // `_HISTOGRAM(count, table_size)`: the empty current loop becomes a
+  // histogram loop; `table_size` may be null.
+  void add_histogram_vloop(const DIAG_SRCINFO& srcinfo, const VPEXPR* count,
+                           const VPEXPR* table_size);
+  // `_LOOKUP(tables, points, dup, table_size)`, where the last two may be
+  // null, and `_EXPAND`, where all four are: the empty current loop becomes
+  // a table lookup loop.
+  void add_tablelkup_vloop(const DIAG_SRCINFO& srcinfo, const VPEXPR* tables,
+                           const VPEXPR* points, const VPEXPR* dup, const VPEXPR* table_size);
 
   // Control indices of `foreach` levels and exits, and the parameter slots
   // of every loop.
@@ -102,6 +112,9 @@ class VKERNEL {
 
  private:
   bool profiling() const;
+  // Puts `vloop` in place of the empty current loop, with its `foreach`
+  // level and location.
+  void install_special_vloop(VCMD* vloop);
 };
 
 // The kernel and the vector loop under construction.

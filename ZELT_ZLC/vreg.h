@@ -3,6 +3,7 @@
 #ifndef ZLC_ZELT_ZLC_VREG_H
 #define ZLC_ZELT_ZLC_VREG_H
 
+#include <cstdint>
 #include <set>
 #include <string>
 
@@ -13,7 +14,8 @@ struct VLVALUE;
 
 class VREG : public SYMREG {
  public:
-  VREG(const DIAG_SRCINFO& srcinfo, const std::string& name) : SYMREG(srcinfo, name) {}
+  VREG(const DIAG_SRCINFO& srcinfo, const std::string& name)
+      : SYMREG(srcinfo, name), serial(next_serial++) {}
 
   std::string format_prefix() const override { return "_VREG"; }
 
@@ -36,6 +38,19 @@ class VREG : public SYMREG {
   // this name is dead.
   std::string alias_name;
   VDATA_TYPE type = VDATA_TYPE::untyped;
+  const uint32_t serial;  // order of creation across the run
+
+ private:
+  static inline uint32_t next_serial = 0;
+};
+
+// Orders registers by creation, null first, so that maps keyed by register
+// iterate the same way in every run.
+struct VREG_ORDER {
+  bool operator()(const VREG* a, const VREG* b) const {
+    if (!a || !b) return !a && b;
+    return a->serial < b->serial;
+  }
 };
 
 class VREG_TABLE : public SYM_TABLE<VREG> {
