@@ -16,6 +16,7 @@ class AGEN;
 class TKERNEL;
 class VCMD;
 class VINSTR;
+class VMEM_INSTR;
 class VPEXPR;
 class VREG;
 struct VLVALUE;
@@ -45,7 +46,7 @@ class TCMD {
   // Copies of the registers that a store rounds or saturates, and the
   // rounding and saturation of the copies; the outputs name the registers
   // that the store then reads.
-  void translate_round_sat(VINSTR& instr, VREG* reg, VREG*& reg_out, VREG* reg2,
+  void translate_round_sat(VMEM_INSTR& instr, VREG* reg, VREG*& reg_out, VREG* reg2,
                            VREG*& reg2_out);
 
   // Operations, prints and the streams of memory accesses.

@@ -4,6 +4,7 @@
 #ifndef ZLC_TRANSLATE_TEXPR_H
 #define ZLC_TRANSLATE_TEXPR_H
 
+#include <cstdint>
 #include <string>
 
 #include "ZELT_ZLC/parm.h"
@@ -26,14 +27,18 @@ class TEXPR {
   std::string ref(bool cast) const;
   // The parameters behind the operand.
   PARM_SET parm_refs() const;
-  // The expression is a constant of exactly `value`.
-  bool is_const(int64_t value) const;
-
   TCMD& cmd;
   std::string type;
   TVAL* tval = nullptr;
   const VPEXPR* pexpr = nullptr;
   PARM* parm = nullptr;
 };
+
+// The text of an expression, a constant as its decimal number: signed
+// when its evaluation type says so, otherwise unsigned.
+std::string pexpr_text(const VPEXPR* expr);
+
+// The expression is a constant of exactly `value`.
+bool pexpr_is(const VPEXPR* expr, int64_t value);
 
 #endif

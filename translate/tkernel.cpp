@@ -1,0 +1,52 @@
+// The translating kernel: the passes over its vector loops, and the names
+// and signatures that belong to the whole kernel.
+#include "translate/tkernel.h"
+
+#include "ZELT_ZLC/vcmd.h"
+#include "translate/tcmd.h"
+
+TKERNEL::TKERNEL(std::ostream& outfile, std::ostream& header_file)
+    : VKERNEL(outfile, header_file), scope(this) {}
+
+VKERNEL* new_translation_kernel(std::ostream& outfile, std::ostream& header_file) {
+  return new TKERNEL(outfile, header_file);
+}
+
+// The transpose and table scatter rewrites of the model come first, once
+// they exist; each vector loop is then translated in source order.
+void TKERNEL::translate_for_9k() {
+  for (VCMD* vcmd : vcmds) translate_vcmd(vcmd);
+}
+
+void TKERNEL::translate_vcmd(VCMD* vcmd) {
+  auto* cmd = new TCMD(*this, vcmd);
+  tcmds.push_back(cmd);
+  cmd->translate_vblock(&vcmd->root, &cmd->root_loop);
+  // The SSA graph and the value ranges over it plug in here: saturations
+  // that the ranges prove needless are marked, then the lookup and
+  // histogram tables are set up.  Without ranges every saturation stays.
+  cmd->analyze_addressing();
+}
+
+bool TKERNEL::needs_update_function() { return parms.has_update_parms(); }
+
+void TKERNEL::format_update_sig(std::ostream& out) {
+  out << "void " << name << "_update";
+  parms.format_declarations(pblock_name, out, true, true, cpp_out);
+}
+
+std::string TKERNEL::pblock_size() const { return "__PBLOCK_SIZE(" + tval_type_name() + ")"; }
+
+std::string TKERNEL::tval_type_name() const { return name + "_tvals_t"; }
+
+std::string TKERNEL::temp_name(const std::string& prefix) {
+  for (;;) {
+    std::string candidate = prefix + std::to_string(temp_counter++);
+    auto it = vregs.by_name.find(candidate);
+    if (it == vregs.by_name.end() || !it->second) return candidate;
+  }
+}
+
+VREG* TKERNEL::temp_vreg() { return vregs.new_vreg(srcloc_internal, temp_name("Vtemp"), -1); }
+
+SREG* TKERNEL::temp_sreg() { return sregs.new_sreg(srcloc_internal, temp_name("Stemp"), -1); }
