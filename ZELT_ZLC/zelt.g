@@ -23,7 +23,12 @@ options {
 #include "ZELT_ZLC/driver.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vcmd.h"
+#include "ZELT_ZLC/vctree.h"
+#include "ZELT_ZLC/vload.h"
+#include "ZELT_ZLC/vop.h"
+#include "ZELT_ZLC/vstore.h"
 }
+
 
 // ---------------------------------------------------------------------------
 // Kernels, parameters and declarations.
@@ -37,6 +42,7 @@ kernel_definition
   if (BACKTRACKING == 0) curr_vkernel = new_vkernel(outfile, header_file);
 }
   : kernel_header compound_statement
+    { curr_vkernel->format(); }
   ;
 
 kernel_header
@@ -158,7 +164,9 @@ agen_name returns [AGEN* agen]
   ;
 
 agen_declarator
-  : agen_name ( ASG agen_expression )?
+@init { pANTLR3_BASE_TREE formula = nullptr; }
+  : a=agen_name ( ASG e=agen_expression { formula = $e.tree; } )?
+    { analyze_agen_expr(formula, $a.agen); }
   ;
 
 agen_expression
@@ -195,7 +203,12 @@ loop_statement
       {
         curr_vcmd->push_block(antlr_srcinfo($f), antlr_text($init.name), $cond.tripcount);
       }
-    | 'foreach' '(' IDENTIFIER ',' pexpression ',' pexpression ')'
+    | f='foreach' '(' lcv=IDENTIFIER ',' count=pexpression ',' limit=pexpression ')'
+      {
+        curr_vcmd->push_rpt(antlr_srcinfo($f), antlr_text($lcv),
+                            build_pexpr($count.tree, antlr_text($count.text)),
+                            build_pexpr($limit.tree, antlr_text($limit.text)));
+      }
     )
     compound_statement
     ( exit_label )?
@@ -203,33 +216,67 @@ loop_statement
   ;
 
 exit_label
-  : IDENTIFIER ':' ';'
+  : name=IDENTIFIER ':' ';'
+    { curr_vcmd->set_vexit_level(antlr_srcinfo($name), antlr_text($name)); }
   ;
 
 loop_init returns [pANTLR3_COMMON_TOKEN name]
-  : INT_TYPE id=IDENTIFIER ASG constant { $name = $id; }
+  : INT_TYPE id=IDENTIFIER ASG first=constant
+    {
+      $name = $id;
+      check_pexpr_value_equals($first.tree, antlr_text($first.text), 0);
+    }
   ;
 
 loop_condition returns [VPEXPR* tripcount]
 @init { $tripcount = nullptr; }
-  : IDENTIFIER LESS pexpression
+  : IDENTIFIER LESS e=pexpression
+    { $tripcount = build_pexpr($e.tree, antlr_text($e.text)); }
   ;
 
 loop_increment
   : '++' IDENTIFIER
   | IDENTIFIER '++'
-  | IDENTIFIER '+=' integer_constant
+  | IDENTIFIER '+=' step=integer_constant
+    { check_pexpr_value_equals($step.tree, antlr_text($step.text), 1); }
   ;
 
 special_loop_statement
-  : '_HISTOGRAM' '(' pexpression ( ',' pexpression )? ')' ';'
-  | '_LOOKUP' '(' pexpression ',' pexpression ( ',' pexpression ( ',' pexpression )? )? ')' ';'
-  | '_EXPAND' '(' pexpression ')' ';'
+@init {
+  VPEXPR* second = nullptr;
+  VPEXPR* third = nullptr;
+  VPEXPR* fourth = nullptr;
+}
+  : '_HISTOGRAM' '(' count=pexpression
+    ( ',' size=pexpression { second = build_pexpr($size.tree, antlr_text($size.text)); } )?
+    ')' ';'
+    {
+      curr_vkernel->add_histogram_vloop(antlr_srcinfo($count.tree),
+                                        build_pexpr($count.tree, antlr_text($count.text)),
+                                        second);
+    }
+  | '_LOOKUP' '(' tables=pexpression ',' points=pexpression
+    ( ',' dup=pexpression { third = build_pexpr($dup.tree, antlr_text($dup.text)); }
+      ( ',' size=pexpression { fourth = build_pexpr($size.tree, antlr_text($size.text)); } )?
+    )?
+    ')' ';'
+    {
+      curr_vkernel->add_tablelkup_vloop(antlr_srcinfo($tables.tree),
+                                        build_pexpr($tables.tree, antlr_text($tables.text)),
+                                        build_pexpr($points.tree, antlr_text($points.text)),
+                                        third, fourth);
+    }
+  | '_EXPAND' '(' flags=pexpression ')' ';'
+    {
+      curr_vkernel->add_tablelkup_vloop(antlr_srcinfo($flags.tree), nullptr, nullptr, nullptr,
+                                        nullptr);
+    }
   | '_COLLATE' '(' pexpression ')' ';'
   ;
 
 agen_assignment
-  : agen ASG agen_expression ';'
+  : a=agen ASG e=agen_expression ';'
+    { analyze_agen_expr($e.tree, $a.agen); }
   ;
 
 vreg_statement
@@ -252,32 +299,46 @@ vreg_rhs
 options { k = 1; }
   : ( load_expression )=> load_expression
   | ( vector_operation )=> vector_operation
-  | pexpression
+  | e=pexpression
+    {
+      curr_vcmd->new_vinit(antlr_srcinfo($e.tree), build_pexpr($e.tree, antlr_text($e.text)));
+    }
   ;
 
 load_expression
-  : pexpression
-    ( '[' agen ']'
-    | '[' 'expand' '(' vreg ')' ']'
+  : e=pexpression
+    ( '[' a=agen ']'
+      {
+        analyze_lvalue_expr($e.tree, antlr_text($e.text), $a.agen);
+        curr_vcmd->new_vload(antlr_srcinfo($e.tree));
+      }
+    | '[' 'expand' '(' flags=vreg ')' ']'
+      {
+        analyze_lvalue_expr($e.tree, antlr_text($e.text), nullptr);
+        curr_vcmd->add_expand_vload(antlr_srcinfo($e.tree), $flags.vreg);
+      }
     )
     ( load_distribution )?
     ( circular_suffix )?
+    { curr_vcmd->add_instr(curr_vcmd->curr_instr); }
   ;
 
 load_distribution
   : STDOT
-    ( 'npt' '(' ')'
-    | 'onept' '(' ')'
-    | 'circ2' '(' ')'
-    | 'ds2' '(' ')'
-    | 'us2' '(' ')'
-    | 'deinterleave' '(' ')'
-    | 'dist' '(' ')'
-    | 'dist' '(' custom_dist_list ')'
-    | 'nbits' '(' ')'
-    | 'weight_load' '(' ')'
-    | 'hist_update' '(' vreg ( memory_rounding )* COMMA vreg ')'
-    | 'lookup' '(' vreg ( memory_rounding )* ')'
+    ( 'npt' '(' ')' { curr_vcmd->set_vload_dist(VLOAD::NPT); }
+    | 'onept' '(' ')' { curr_vcmd->set_vload_dist(VLOAD::ONEPT); }
+    | 'circ2' '(' ')' { curr_vcmd->set_vload_dist(VLOAD::CIRC2); }
+    | 'ds2' '(' ')' { curr_vcmd->set_vload_dist(VLOAD::DS2); }
+    | 'us2' '(' ')' { curr_vcmd->set_vload_dist(VLOAD::US2); }
+    | 'deinterleave' '(' ')' { curr_vcmd->set_vload_dist(VLOAD::DEINTERLEAVE); }
+    | 'dist' '(' ')' { curr_vcmd->set_vload_dist(VLOAD::CUSTOM); }
+    | 'dist' '(' custom_dist_list ')' { curr_vcmd->set_vload_dist(VLOAD::CUSTOM); }
+    | 'nbits' '(' ')' { curr_vcmd->set_vload_dist(VLOAD::NBITS); }
+    | 'weight_load' '(' ')' { curr_vcmd->set_vload_dist(VLOAD::WEIGHT_LOAD); }
+    | 'hist_update' '(' data=vreg ( memory_rounding )* COMMA weight=vreg ')'
+      { curr_vcmd->add_hist_update(antlr_srcinfo($data.start), $data.vreg, $weight.vreg); }
+    | 'lookup' '(' index=vreg ( memory_rounding )* ')'
+      { curr_vcmd->add_table_lookup(antlr_srcinfo($index.start), $index.vreg); }
     | word=IDENTIFIER '(' ( pid | agen | vreg )? ')'
       { DIAG::zlc_illegal_dist message; antlr_report(message, $word); }
     )
@@ -288,17 +349,27 @@ custom_dist_list
   ;
 
 custom_dist_value
-  : pexpression
+  : e=pexpression
+    { curr_vcmd->add_cust_pexpr(build_pexpr($e.tree, antlr_text($e.text))); }
   ;
 
 store_statement
   : store_target ASG store_source ';'
+    { curr_vcmd->set_vstore_rhs(); }
   ;
 
 store_target
-  : pexpression
-    ( '[' agen ']'
-    | '[' 'collate' '(' vreg ')' ']'
+  : e=pexpression
+    ( '[' a=agen ']'
+      {
+        analyze_lvalue_expr($e.tree, antlr_text($e.text), $a.agen);
+        curr_vcmd->new_vstore(antlr_srcinfo($e.tree));
+      }
+    | '[' 'collate' '(' pred=vreg ')' ']'
+      {
+        analyze_lvalue_expr($e.tree, antlr_text($e.text), nullptr);
+        curr_vcmd->new_collate_vstore(antlr_srcinfo($e.tree), $pred.vreg);
+      }
     )
     ( store_distribution )?
     ( circular_suffix )?
@@ -306,16 +377,16 @@ store_target
 
 store_distribution
   : STDOT
-    ( 'npt' '(' ')'
-    | 'table_npt' '(' ')'
-    | 'onept' '(' ')'
-    | 'ds2' '(' ')'
-    | 'interleave' '(' ')'
-    | 'offset_np1' '(' ')'
-    | 's_scatter' '(' vreg ')'
-    | 'p_scatter' '(' vreg ')'
-    | 'skip' '(' ')'
-    | 'table_skip' '(' ')'
+    ( 'npt' '(' ')' { curr_vcmd->set_vstore_dist(VSTORE::NPT, nullptr); }
+    | 'table_npt' '(' ')' { curr_vcmd->set_vstore_dist(VSTORE::NPT, nullptr); }
+    | 'onept' '(' ')' { curr_vcmd->set_vstore_dist(VSTORE::ONEPT, nullptr); }
+    | 'ds2' '(' ')' { curr_vcmd->set_vstore_dist(VSTORE::DS2, nullptr); }
+    | 'interleave' '(' ')' { curr_vcmd->set_vstore_dist(VSTORE::INTERLEAVE, nullptr); }
+    | 'offset_np1' '(' ')' { curr_vcmd->set_vstore_dist(VSTORE::OFFSET_NP1, nullptr); }
+    | 's_scatter' '(' v=vreg ')' { curr_vcmd->set_vstore_dist(VSTORE::S_SCATTER, $v.vreg); }
+    | 'p_scatter' '(' v=vreg ')' { curr_vcmd->set_vstore_dist(VSTORE::P_SCATTER, $v.vreg); }
+    | 'skip' '(' ')' { curr_vcmd->set_vstore_dist(VSTORE::SKIP, nullptr); }
+    | 'table_skip' '(' ')' { curr_vcmd->set_vstore_dist(VSTORE::SKIP, nullptr); }
     | word=IDENTIFIER '(' ( pid | agen | vreg )? ')'
       { DIAG::zlc_illegal_dist message; antlr_report(message, $word); }
     )
@@ -326,14 +397,14 @@ store_source
   ;
 
 store_predicate
-  : STDOT 'predicate' '(' vreg ')'
+  : STDOT 'predicate' '(' pred=vreg ')' { curr_vcmd->set_vstore_pred($pred.vreg); }
   ;
 
 circular_suffix
-  : MOD circular_size
+  : MOD size=circular_size { curr_vcmd->set_lval_circ($size.code); }
   ;
 
-circular_size returns [uint32_t code]
+circular_size returns [int32_t code]
   : 'CIRC_1K' { $code = 1; }
   | 'CIRC_2K' { $code = 2; }
   | 'CIRC_4K' { $code = 3; }
@@ -343,90 +414,177 @@ circular_size returns [uint32_t code]
   | IDENTIFIER { $code = 0; }
   ;
 
+// The forms are tried in order by speculation, so three saturation bounds
+// fail as a whole.
 memory_rounding
 options { backtrack = true; }
-  : STDOT 'round' '(' pexpression ')'
-  | STDOT 'truncate' '(' pexpression ')'
-  | STDOT 'saturate' '(' pexpression COMMA pexpression COMMA pexpression COMMA pexpression ')'
-  | STDOT 'saturate' '(' pexpression COMMA pexpression ')'
-  | STDOT 'saturate' '(' pexpression ')'
-  | STDOT 'saturate' '(' ')'
+  : memory_round
+  | memory_truncate
+  | memory_saturate4
+  | memory_saturate2
+  | memory_saturate1
+  | memory_saturate0
   ;
 
+memory_round
+  : STDOT 'round' '(' e=pexpression ')'
+    { curr_vcmd->set_vmem_round(build_pexpr($e.tree, antlr_text($e.text))); }
+  ;
+
+memory_truncate
+  : STDOT 'truncate' '(' e=pexpression ')'
+    { curr_vcmd->set_vmem_trunc(build_pexpr($e.tree, antlr_text($e.text))); }
+  ;
+
+memory_saturate4
+  : STDOT 'saturate' '(' a=pexpression COMMA b=pexpression COMMA c=pexpression COMMA
+    d=pexpression ')'
+    {
+      curr_vcmd->set_vmem_sat(build_pexpr($a.tree, antlr_text($a.text)),
+                              build_pexpr($b.tree, antlr_text($b.text)),
+                              build_pexpr($c.tree, antlr_text($c.text)),
+                              build_pexpr($d.tree, antlr_text($d.text)));
+    }
+  ;
+
+memory_saturate2
+  : STDOT 'saturate' '(' a=pexpression COMMA b=pexpression ')'
+    {
+      curr_vcmd->set_vmem_sat(build_pexpr($a.tree, antlr_text($a.text)),
+                              build_pexpr($b.tree, antlr_text($b.text)), nullptr, nullptr);
+    }
+  ;
+
+memory_saturate1
+  : STDOT 'saturate' '(' a=pexpression ')'
+    {
+      curr_vcmd->set_vmem_sat(build_pexpr($a.tree, antlr_text($a.text)), nullptr, nullptr,
+                              nullptr);
+    }
+  ;
+
+memory_saturate0
+  : STDOT 'saturate' '(' ')'
+    { curr_vcmd->set_vmem_sat(nullptr, nullptr, nullptr, nullptr); }
+  ;
+
+// The three shapes are tried in order by speculation.
 if_statement
 options { backtrack = true; }
-  : 'if' '(' move_condition ')' vreg ASG vreg ';'
-  | 'if' '(' vreg '[' pexpression ']' ')' 'goto' IDENTIFIER ';'
-  | 'if' '(' vreg '[' pexpression ']' NEQ pexpression ')' 'goto' IDENTIFIER ';'
+  : conditional_move
+  | early_exit
+  | early_exit_compare
+  ;
+
+conditional_move
+  : f='if' '(' move_condition ')' dst=vreg ASG src=vreg ';'
+    { curr_vcmd->new_vmove(antlr_srcinfo($f), $dst.vreg, $src.vreg); }
+  ;
+
+early_exit
+  : f='if' '(' v=vreg '[' lane=pexpression ']' ')' 'goto' target=IDENTIFIER ';'
+    {
+      curr_vcmd->new_vexit(antlr_srcinfo($f), antlr_text($target), $v.vreg,
+                           build_pexpr($lane.tree, antlr_text($lane.text)), nullptr);
+    }
+  ;
+
+early_exit_compare
+  : f='if' '(' v=vreg '[' lane=pexpression ']' NEQ rhs=pexpression ')' 'goto' target=IDENTIFIER
+    ';'
+    {
+      curr_vcmd->new_vexit(antlr_srcinfo($f), antlr_text($target), $v.vreg,
+                           build_pexpr($lane.tree, antlr_text($lane.text)),
+                           build_pexpr($rhs.tree, antlr_text($rhs.text)));
+    }
   ;
 
 move_condition
-  : IDENTIFIER EQ pexpression
+  : lcv=IDENTIFIER EQ e=pexpression
+    {
+      curr_vcmd->add_vmove_lcv(antlr_srcinfo($lcv), antlr_text($lcv),
+                               build_pexpr($e.tree, antlr_text($e.text)), VMOVE::MP_ZERO);
+    }
   | ( move_condition_term ( ANDAND move_condition_term )* )=>
     move_condition_term ( ANDAND move_condition_term )*
   | '(' move_condition ')'
   ;
 
 move_condition_term
-  : 'last' '(' IDENTIFIER COMMA pexpression ')'
-  | '(' IDENTIFIER EQ pexpression ')'
+  : 'last' '(' lcv=IDENTIFIER COMMA e=pexpression ')'
+    {
+      curr_vcmd->add_vmove_lcv(antlr_srcinfo($lcv), antlr_text($lcv),
+                               build_pexpr($e.tree, antlr_text($e.text)), VMOVE::MP_TRIPCOUNT);
+    }
+  | '(' lcv=IDENTIFIER EQ e=pexpression ')'
+    {
+      curr_vcmd->add_vmove_lcv(antlr_srcinfo($lcv), antlr_text($lcv),
+                               build_pexpr($e.tree, antlr_text($e.text)), VMOVE::MP_ZERO);
+    }
   | '(' move_condition_term ')'
   ;
 
 // ---------------------------------------------------------------------------
-// Vector operations and register methods.
+// Vector operations and register methods.  The position of an operation is
+// that of its operator or keyword; a null destination is the statement's
+// register.
 
 vector_operation
-  : NOTB vsource
-  | vreg
-  | vreg SHL vreg
-  | 'round' '(' vsource COMMA vsource ')'
-  | 'abs' '(' vsource ')'
-  | 'abs' '(' vsource MINUS vsource ')'
-  | 'min' '(' vsource COMMA vsource ')'
-  | 'max' '(' vsource COMMA vsource ')'
-  | 'minf' '(' vsource COMMA vsource ')'
-  | 'maxf' '(' vsource COMMA vsource ')'
-  | 'pack' '(' vsource GE vsource ')'
-  | 'unpack' '(' vsource COMMA vsource ')'
-  | 'apply_sign' '(' vsource COMMA vsource ')'
-  | 'count_bits' '(' vsource ')'
-  | 'reverse_bits' '(' vsource ')'
-  | 'transpose_bits' '(' vsource ')'
-  | 'binlog' '(' vsource ')'
-  | 'leading_bit' '(' vsource COMMA vsource ')'
-  | 'interleave_bits' '(' vsource COMMA vsource ')'
-  | 'deinterleave_bits' '(' vsource ')'
-  | 'jus16' '(' vsource ')'
-  | 'select' '(' vsource COMMA vsource COMMA vsource ')'
-  | vsource XORB vsource
-  | vsource ORB vsource ORB vsource
-  | vsource ORB vsource
-  | vsource ANDB vsource ANDB vsource
-  | vsource ANDB vsource
-  | vsource ANDB NOTB vsource
-  | vsource MINUS vsource PLUS vsource
-  | vsource MINUS vsource
-  | vsource PLUS vsource PLUS vsource
-  | vsource PLUS vsource
-  | vsource PLUS 'hi' '(' vsource ')'
-  | vsource MULT vsource
-  | vsource GE vsource
-  | vsource GT vsource
-  | vsource LE vsource
-  | vsource LESS vsource
-  | vsource EQ vsource
+  : op=NOTB a=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vnot", nullptr, $a.vreg, nullptr, nullptr); }
+  | v=vreg { curr_vcmd->new_vmove(antlr_srcinfo($v.start), nullptr, $v.vreg); }
+  | v=vreg op=SHL w=vreg { curr_vcmd->new_vop(antlr_srcinfo($op), "vshf", nullptr, $v.vreg, $w.vreg, nullptr); }
+  | op='round' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vrnd", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | op='abs' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vabs", nullptr, $a.vreg, nullptr, nullptr); }
+  | op='abs' '(' a=vsource MINUS b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vabsdif", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | op='min' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vmin", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | op='max' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vmax", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | op='minf' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vminsetf", $a.vreg, $b.vreg); }
+  | op='maxf' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vmaxsetf", $a.vreg, $b.vreg); }
+  | op='pack' '(' a=vsource GE b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbitpk", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | op='unpack' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbitunpk", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | op='apply_sign' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vsign", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | op='count_bits' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbitc", nullptr, $a.vreg, nullptr, nullptr); }
+  | op='reverse_bits' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbitr", nullptr, $a.vreg, nullptr, nullptr); }
+  | op='transpose_bits' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbittr", nullptr, $a.vreg, nullptr, nullptr); }
+  | op='binlog' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbinlog", nullptr, $a.vreg, nullptr, nullptr); }
+  | op='leading_bit' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vlmbd", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | op='interleave_bits' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbiti", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | op='deinterleave_bits' '(' a=vsource ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vbitdi", $a.vreg, nullptr); }
+  | op='jus16' '(' a=vsource ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vshf16", $a.vreg, nullptr); }
+  | op='select' '(' a=vsource COMMA b=vsource COMMA c=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vsel", nullptr, $a.vreg, $b.vreg, $c.vreg); }
+  | a=vsource op=XORB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vxor", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | a=vsource op=ORB b=vsource ORB c=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vor3", nullptr, $a.vreg, $b.vreg, $c.vreg); }
+  | a=vsource op=ORB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vor", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | a=vsource op=ANDB b=vsource ANDB c=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vand3", nullptr, $a.vreg, $b.vreg, $c.vreg); }
+  | a=vsource op=ANDB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vand", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | a=vsource op=ANDB NOTB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vandn", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | a=vsource op=MINUS b=vsource PLUS c=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadif", nullptr, $a.vreg, $b.vreg, $c.vreg); }
+  | a=vsource op=MINUS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vsub", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | a=vsource op=PLUS b=vsource PLUS c=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadd3", nullptr, $a.vreg, $b.vreg, $c.vreg); }
+  | a=vsource op=PLUS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadd", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | a=vsource op=PLUS 'hi' '(' b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vaddh", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | a=vsource op=MULT b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vmpy", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | a=vsource op=GE b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmpge", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | a=vsource op=GT b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmpgt", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | a=vsource op=LE b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmple", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | a=vsource op=LESS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmplt", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | a=vsource op=EQ b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmpeq", nullptr, $a.vreg, $b.vreg, nullptr); }
   | '(' vector_operation ')' ( operation_rounding )?
   ;
 
 operation_rounding
-  : STDOT 'round' '(' pexpression ')'
-  | STDOT 'truncate' '(' pexpression ')'
-  | SHL pexpression
+  : STDOT 'round' '(' e=pexpression ')'
+    { curr_vcmd->set_vop_round(VOP::RM_ROUND, build_pexpr($e.tree, antlr_text($e.text))); }
+  | STDOT 'truncate' '(' e=pexpression ')'
+    { curr_vcmd->set_vop_round(VOP::RM_TRUNC, build_pexpr($e.tree, antlr_text($e.text))); }
+  | SHL e=pexpression
+    { curr_vcmd->set_vop_round(VOP::RM_SHIFT, build_pexpr($e.tree, antlr_text($e.text))); }
   ;
 
+// The right sides of compound assignments: d is the register on the left.
 vreg_opassign
 scope { VREG* dst; }
+@init { $vreg_opassign::dst = nullptr; }
   : d=vreg { $vreg_opassign::dst = $d.vreg; }
     ( '+=' add_assign_rhs
     | '-=' sub_assign_rhs
@@ -438,57 +596,68 @@ scope { VREG* dst; }
   ;
 
 add_assign_rhs
-  : vreg
-  | 'hi' '(' vsource ')'
-  | 'abs' '(' vsource MINUS vsource ')'
-  | vsource MINUS vsource
-  | vsource PLUS vsource
-  | vsource MULT vsource
+@init { VREG* d = $vreg_opassign::dst; }
+  : v=vreg { curr_vcmd->new_vop(antlr_srcinfo($v.start), "vadd", d, d, $v.vreg, nullptr); }
+  | op='hi' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vaddh", d, d, $a.vreg, nullptr); }
+  | op='abs' '(' a=vsource MINUS b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vsad", d, $a.vreg, $b.vreg, d); }
+  | a=vsource op=MINUS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadif", d, $a.vreg, $b.vreg, d); }
+  | a=vsource op=PLUS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadd3", d, $a.vreg, $b.vreg, d); }
+  | a=vsource op=MULT b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vmadd", d, $a.vreg, $b.vreg, d); }
   | '(' add_assign_rhs ')' ( operation_rounding )?
   ;
 
 sub_assign_rhs
-  : vreg
-  | vsource MULT vsource
+@init { VREG* d = $vreg_opassign::dst; }
+  : v=vreg { curr_vcmd->new_vop(antlr_srcinfo($v.start), "vsub", d, d, $v.vreg, nullptr); }
+  | a=vsource op=MULT b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vmsub", d, $a.vreg, $b.vreg, d); }
   | '(' sub_assign_rhs ')' ( operation_rounding )?
   ;
 
 mul_assign_rhs
-  : vreg
+@init { VREG* d = $vreg_opassign::dst; }
+  : v=vreg { curr_vcmd->new_vop(antlr_srcinfo($v.start), "vmpy", d, d, $v.vreg, nullptr); }
   | '(' mul_assign_rhs ')' ( operation_rounding )?
   ;
 
 and_assign_rhs
-  : vreg
-  | vsource ANDB vsource
-  | NOTB vsource
+@init { VREG* d = $vreg_opassign::dst; }
+  : v=vreg { curr_vcmd->new_vop(antlr_srcinfo($v.start), "vand", d, d, $v.vreg, nullptr); }
+  | a=vsource op=ANDB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vand3", d, $a.vreg, $b.vreg, d); }
+  | op=NOTB a=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vandn", d, d, $a.vreg, nullptr); }
   | '(' and_assign_rhs ')' ( operation_rounding )?
   ;
 
 or_assign_rhs
-  : vreg
-  | vreg SHL vreg
-  | vsource ORB vsource
+@init { VREG* d = $vreg_opassign::dst; }
+  : v=vreg { curr_vcmd->new_vop(antlr_srcinfo($v.start), "vor", d, d, $v.vreg, nullptr); }
+  | v=vreg op=SHL w=vreg { curr_vcmd->new_vop(antlr_srcinfo($op), "vshfor", d, $v.vreg, $w.vreg, d); }
+  | a=vsource op=ORB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vor3", d, $a.vreg, $b.vreg, d); }
   | '(' or_assign_rhs ')' ( operation_rounding )?
   ;
 
 xor_assign_rhs
-  : vreg
+@init { VREG* d = $vreg_opassign::dst; }
+  : v=vreg { curr_vcmd->new_vop(antlr_srcinfo($v.start), "vxor", d, d, $v.vreg, nullptr); }
   | '(' xor_assign_rhs ')' ( operation_rounding )?
   ;
 
 vreg_method
-  : v=vreg STDOT 'clear' '(' ')' { curr_vcmd->set_curr_vreg($v.vreg); }
-  | vreg STDOT 'print' '(' print_argument ')'
+  : v=vreg STDOT 'clear' '(' ')'
+    {
+      curr_vcmd->set_curr_vreg($v.vreg);
+      curr_vcmd->new_vinit(antlr_srcinfo($v.start), new VPEXPR("0"));
+    }
+  | v=vreg STDOT 'print' '(' arg=print_argument ')'
+    { curr_vcmd->new_vprint(antlr_srcinfo($v.start), $v.vreg, antlr_text($arg.text)); }
   | vreg_pair STDOT
-    ( 'deinterleave' '(' ')'
-    | 'interleave' '(' ')'
-    | 'addsub' '(' ')'
-    | 'minmax' '(' ')'
-    | 'swap' '(' vreg ')'
-    | 'interleave2' '(' ')'
-    | 'deinterleave2' '(' ')'
-    | 'interleave4' '(' ')'
+    ( op='deinterleave' '(' ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vdintrlv", nullptr, nullptr); }
+    | op='interleave' '(' ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vintrlv", nullptr, nullptr); }
+    | op='addsub' '(' ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vaddsub", nullptr, nullptr); }
+    | op='minmax' '(' ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vsort2", nullptr, nullptr); }
+    | op='swap' '(' s=vreg ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vswap", $s.vreg, nullptr); }
+    | op='interleave2' '(' ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vintrlv2", nullptr, nullptr); }
+    | op='deinterleave2' '(' ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vdintrlv2", nullptr, nullptr); }
+    | op='interleave4' '(' ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vintrlv4", nullptr, nullptr); }
     | word=IDENTIFIER '(' ( pid | agen | vreg )? ')'
       { DIAG::zlc_illegal_vreg_method message; antlr_report(message, $word); }
     )

@@ -1,5 +1,7 @@
 // Syntax errors: their words, positions, the "#line" streams and the
 // suppression of cascades.
+#include <sstream>
+
 #include "tests/unit/zelt_parse_support.h"
 
 namespace {
@@ -52,7 +54,14 @@ TEST(ZeltParseErrors, CascadesAreSuppressedUntilAMatch) {
 
 TEST(ZeltParseErrors, GrammarRefusals) {
   const char* head = "void k(__vptr_int16 x, int n) { __vector a, b; __agen A = i; ";
-  auto errors_of = [&](const std::string& body) { return parse_text(head + body + " }").err; };
+  // Only the parser's words: the model's rules see these kernels too.
+  auto errors_of = [&](const std::string& body) {
+    std::istringstream lines(parse_text(head + body + " }").err);
+    std::string syntax;
+    for (std::string line; std::getline(lines, line);)
+      if (line.find("syntax error") != std::string::npos) syntax += line + "\n";
+    return syntax;
+  };
   EXPECT_NE(errors_of("for (int i = 0; i <= n; i++) { a = x[A]; }").find("near '<='"),
             std::string::npos);
   EXPECT_EQ(errors_of("for (int i = 0; j < n; k++) { a = x[A]; }"), "");
@@ -74,7 +83,7 @@ TEST(ZeltParseErrors, GrammarRefusals) {
 TEST(ZeltParseErrors, UnknownDistributionAndMethod) {
   const PARSE_RESULT r = parse_text(
       "void k(__vptr_int16 x) { __agen A = 0; __vector a, b;\n"
-      " a = x[A].bogus();\n x[A].wrong(a) = b;\n (a, b).foo(x);\n}");
+      " a = x[A].bogus();\n x[A].wrong(a) = a;\n (a, b).foo(x);\n}");
   EXPECT_EQ(r.err,
             "\"k.zc\", line 2: error: distribution option doesn't exist\n"
             "\"k.zc\", line 3: error: distribution option doesn't exist\n"
