@@ -25,6 +25,16 @@ class TKERNEL : public VKERNEL {
   // "void", the name, "_update", and the update parameters with the block.
   void format_update_sig(std::ostream& out) override;
 
+  // The generated text of the kernel: value types, parameter block, count,
+  // init and update functions, vector-loop function and runners.
+  void format_initializer() override;
+  void format_vloops() override;
+  void format_runner() override;
+  void format_kernel_information() override;
+  void format_tval_typedef();
+  // The line that views the parameter block as the kernel value type.
+  void format_tval_assignment();
+
   // Builds and analyses the translated form of one vector loop.
   void translate_vcmd(VCMD* vcmd);
 
