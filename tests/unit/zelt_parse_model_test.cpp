@@ -34,8 +34,8 @@ TEST(ZeltParseModel, LoopsCloseIntoVectorLoops) {
   const PARSE_RESULT r = parse_text(
       "void k(int n) { __vector_int32 a; __agen G = 0;\n"
       " for (int j = 0; j < n; j++) { __vector b; __agen A = j;\n"
-      "  for (int i = 0; i < n; i++) { b = a; } }\n"
-      " for (int i = 0; i < n; i++) { a = a; } }");
+      "  for (int i = 0; i < n; i++) { b.clear(); } }\n"
+      " for (int i = 0; i < n; i++) { a.clear(); } }");
   EXPECT_EQ(r.err, "");
   ASSERT_EQ(curr_vkernel->vcmds.size(), 2u);
   VCMD* first = curr_vkernel->vcmds[0];
@@ -72,8 +72,8 @@ TEST(ZeltParseModel, DeclarationRules) {
 
 TEST(ZeltParseModel, SiblingLoopsAreRefused) {
   const PARSE_RESULT r = parse_text(
-      "void k(int n) { __vector a; for (int j = 0; j < n; j++) {\n"
-      " for (int i = 0; i < n; i++) { a = a; }\n for (int i = 0; i < n; i++) { a = a; } } }");
+      "void k(int n) { __vector a, b; for (int j = 0; j < n; j++) {\n"
+      " for (int i = 0; i < n; i++) { a.clear(); }\n for (int i = 0; i < n; i++) { b.clear(); } } }");
   EXPECT_EQ(r.err, "\"k.zc\", line 3: error: cannot have more than one nested loop at the same depth\n");
 }
 
@@ -82,7 +82,7 @@ TEST(ZeltParseModel, FifthLevelIsFatal) {
       "void k(int n) { __vector a;\n"
       " for (int a1 = 0; a1 < n; a1++) { for (int a2 = 0; a2 < n; a2++) {\n"
       " for (int a3 = 0; a3 < n; a3++) { for (int a4 = 0; a4 < n; a4++) {\n"
-      " for (int a5 = 0; a5 < n; a5++) { a = a; } } } } } }";
+      " for (int a5 = 0; a5 < n; a5++) { a.clear(); } } } } } }";
   EXPECT_EXIT(
       {
         ANTLR_INTERFACE ai(text, "k.zc");
