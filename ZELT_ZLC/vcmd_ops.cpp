@@ -90,6 +90,7 @@ void VCMD::set_vop_round(int32_t mode, const VPEXPR* value) {
 
 void VCMD::new_vmove(const DIAG_SRCINFO& srcinfo, VREG* dst, VREG* src) {
   curr_instr = nullptr;
+  if (!dst) dst = curr_vreg;  // `x = a` names its destination by the target
   if (!dst || !src) return;
   auto* move = new VMOVE(srcinfo, this, dst, src, move_pos);
   if (dst == src) DIAG::zlc_move_into_self(dst->name).set_src(&srcinfo).report();

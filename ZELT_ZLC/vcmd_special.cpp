@@ -9,10 +9,11 @@
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "ZELT_ZLC/vstore.h"
-
-register_option debug_looptype("debug:looptype");
+#include "options/register_option.h"
 
 namespace {
+
+register_option debug_looptype("debug:looptype");
 
 constexpr int32_t special_first_agen = 3;  // generators 0 to 2 have fixed roles
 constexpr int64_t max_table_size = 32768;
@@ -36,6 +37,8 @@ std::string text_or_zero(const VPEXPR* expr) { return expr ? expr->text : "0"; }
 
 }  // namespace
 
+bool profile_looptypes() { return debug_looptype != 0; }
+
 void VKERNEL::install_special_vloop(VCMD* vloop) {
   vloop->copy_vcmd_info(*curr_vcmd);
   curr_vcmd = ::curr_vcmd = vloop;
@@ -46,7 +49,7 @@ void VKERNEL::add_histogram_vloop(const DIAG_SRCINFO& srcinfo, const VPEXPR* cou
   if (!is_const_in(count, {1, 2, 4, 8}))
     DIAG::zlc_histogram_hist_count().set_src(&srcinfo).report();
   check_table_size(srcinfo, table_size);
-  if (debug_looptype)
+  if (profile_looptypes())
     std::cout << "ZLC_PROFILE: HISTOGRAM in " << name << " with " << text_or_zero(count)
               << " PARALLEL\n";
   install_special_vloop(new VCMD_HIST(*this, count, table_size));
@@ -76,7 +79,7 @@ void VKERNEL::add_tablelkup_vloop(const DIAG_SRCINFO& srcinfo, const VPEXPR* tab
     }
   }
   check_table_size(srcinfo, table_size);
-  if (debug_looptype)
+  if (profile_looptypes())
     std::cout << "ZLC_PROFILE: TABLE_LOOKUP in " << name << " with " << text_or_zero(tables)
               << " TABLES and " << text_or_zero(points) << " POINTS \n";
   install_special_vloop(new VCMD_TBL(*this, tables, points, dup, table_size));

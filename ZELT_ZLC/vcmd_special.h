@@ -5,11 +5,10 @@
 #define ZLC_ZELT_ZLC_VCMD_SPECIAL_H
 
 #include "ZELT_ZLC/vcmd.h"
-#include "options/register_option.h"
 
-// debug:looptype prints one "ZLC_PROFILE: " line per special loop and per
-// scatter or offset_np1 store.
-extern register_option debug_looptype;
+// Whether the switch debug:looptype asks for one "ZLC_PROFILE: " line per
+// special loop and per scatter or offset_np1 store.
+bool profile_looptypes();
 
 class VCMD_HIST : public VCMD {
  public:

@@ -12,7 +12,7 @@ VSTORE* curr_vstore(VINSTR* instr) { return dynamic_cast<VSTORE*>(instr); }
 
 // With debug:looptype, one line for each store of a special kind.
 void profile_store(const VKERNEL& kernel, VSTORE::VDIST dist) {
-  if (!debug_looptype) return;
+  if (!profile_looptypes()) return;
   if (dist == VSTORE::P_SCATTER)
     std::cout << "ZLC_PROFILE: SCATTER in " << kernel.name << '\n';
   else if (dist == VSTORE::OFFSET_NP1)

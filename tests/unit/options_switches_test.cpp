@@ -7,23 +7,23 @@
 namespace {
 
 register_option debug_ranges("debug:ranges");
-register_option debug_looptype("debug:looptype");
+register_option debug_probe("debug:probe");
 register_option disable_se("disable:se");
 
 TEST(Switches, ListItemsSetOneOrAValueByExactName) {
-  debug_looptype = 5;
-  process_debug_option("debug", "ranges,looptype=0");
+  debug_probe = 5;
+  process_debug_option("debug", "ranges,probe=0");
   EXPECT_EQ(debug_ranges, 1);
-  EXPECT_EQ(debug_looptype, 0);
+  EXPECT_EQ(debug_probe, 0);
 
-  process_debug_option("debug", "looptype=0x10,,ranges=010,se,nosuch");
-  EXPECT_EQ(debug_looptype, 16);
+  process_debug_option("debug", "probe=0x10,,ranges=010,se,nosuch");
+  EXPECT_EQ(debug_probe, 16);
   EXPECT_EQ(debug_ranges, 8);
   EXPECT_EQ(disable_se, 0);
 
-  process_debug_option("debug", "Ranges=3,ranges =3,looptype=junk");
+  process_debug_option("debug", "Ranges=3,ranges =3,probe=junk");
   EXPECT_EQ(debug_ranges, 8);
-  EXPECT_EQ(debug_looptype, 0);
+  EXPECT_EQ(debug_probe, 0);
   EXPECT_EQ(register_option::get_option("debug:nosuch"), nullptr);
 }
 

@@ -102,7 +102,7 @@ TEST_F(StoreTest, InterleaveRulesAndStoredRegistersStayFixed) {
 }
 
 TEST_F(StoreTest, ProfileLinesOfSpecialStores) {
-  register_option looptype("debug:looptype");
+  register_option& looptype = *register_option::get_option("debug:looptype");
   looptype = 1;
   VREG* a = vreg("a");
   loop(1, "i", num(8));
@@ -110,6 +110,7 @@ TEST_F(StoreTest, ProfileLinesOfSpecialStores) {
   begin_store(2, VDATA_TYPE::int16, VSTORE::P_SCATTER, a);
   begin_store(3, VDATA_TYPE::int16, VSTORE::OFFSET_NP1);
   begin_store(4, VDATA_TYPE::int16, VSTORE::S_SCATTER, a);
+  looptype = 0;
   EXPECT_EQ(testing::internal::GetCapturedStdout(),
             "ZLC_PROFILE: SCATTER in k\nZLC_PROFILE: OFFSET_NP1 in k\n");
 }
