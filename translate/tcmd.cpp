@@ -14,12 +14,15 @@
 #include "translate/texpr.h"
 #include "translate/tkernel.h"
 #include "translate/tmem.h"
+#include "translate/tvexit.h"
 
 uint32_t TCMD::id_counter = 0;
 
 TCMD::TCMD(TKERNEL& kernel, VCMD* vcmd)
     : kernel(kernel),
       vcmd(vcmd),
+      se_table(*this),
+      sa_table(*this),
       root_loop(*this),
       top_loop(&root_loop),
       rpt_max(static_cast<uint32_t>(vcmd->rpt_max())),
@@ -100,6 +103,23 @@ void TCMD::translate_vinstr(VINSTR& instr) {
     translate_vstore(instr);
   else if (instr.is_vmove())
     translate_vmove(instr);
+  else if (instr.is_vexit())
+    translate_vexit(instr);
+  else if (instr.is_vincr() || instr.is_vrpt())
+    return;
+  else if (instr.is_vprint())
+    translate_vprint(instr);
+  else if (instr.is_vop())
+    translate_vop(instr);
+}
+
+void TCMD::translate_vexit(VINSTR& instr) {
+  auto& vexit = static_cast<VEXIT&>(instr);
+  auto* exit = new TVEXIT(vexit.src1, &vexit.label);
+  append_tinstr(exit);
+  exit->declare_vreg(vexit.src1);
+  LOOP* target = vexit.level == 1 ? top_loop : top_loop->nested_loop();
+  if (target) target->exit_label = vexit.label;
 }
 
 TVAL* TCMD::new_tval(const std::string& type, const VPEXPR* expr) {
@@ -146,7 +166,15 @@ void TCMD::analyze_addressing() {
     if (a->is_transpose() || b->is_transpose()) return a->is_transpose() && !b->is_transpose();
     return a->block->depth > b->block->depth;
   });
-  for (TINSTR* instr : accesses) setup_plain_agen(instr->agen());
+  for (TINSTR* instr : accesses) {
+    AGEN* a = instr->agen();
+    if (use_se(instr, a) || use_sa(instr, a)) {
+      instr->stream()->generate_init();
+      instr->stream()->generate_setup(instr);
+    } else {
+      setup_plain_agen(a);
+    }
+  }
   find_stream_advances();
 }
 

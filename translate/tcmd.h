@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "translate/loop.h"
+#include "translate/stream.h"
 #include "translate/tval.h"
 
 class AGEN;
@@ -82,6 +83,8 @@ class TCMD {
 
   TKERNEL& kernel;
   VCMD* vcmd;
+  SE_TABLE se_table;
+  SA_TABLE sa_table;
   LOOP root_loop;
   LOOP* top_loop;
   bool has_repeat = false;

@@ -9,6 +9,7 @@
 #include "translate/texpr.h"
 #include "translate/tkernel.h"
 #include "translate/tmem.h"
+#include "translate/tround_sat.h"
 
 const VPEXPR* TCMD::transpose_address(const VLVALUE* lv, bool load) const {
   if (!lv->offset || !lv->base) return lv->addr;
@@ -104,7 +105,7 @@ void TCMD::translate_round_sat(VMEM_INSTR& instr, VREG* reg, VREG*& reg_out, VRE
                                VREG*& reg2_out) {
   reg_out = reg;
   reg2_out = reg2;
-  const ROUND_SAT& rs = instr.round_sat;
+  ROUND_SAT& rs = instr.round_sat;
   if (!reg || (rs.round_mode == ROUND_SAT::RM_NONE && rs.sat_mode == ROUND_SAT::SM_NONE)) return;
   // Rounding works on copies; the source registers keep their values.
   auto copy = [this](VREG* src) {
@@ -117,6 +118,17 @@ void TCMD::translate_round_sat(VMEM_INSTR& instr, VREG* reg, VREG*& reg_out, VRE
   };
   reg_out = copy(reg);
   if (reg2) reg2_out = copy(reg2);
+  if (rs.round_mode != ROUND_SAT::RM_NONE) {
+    auto* bits = new TEXPR(*this, "uint32_t", rs.round_value ? rs.round_value : VPEXPR::zero);
+    int32_t mode = TROUND::translate(rs.round_mode);
+    append_tinstr(new TROUND(reg_out, mode, bits));
+    if (reg2) append_tinstr(new TROUND(reg2_out, mode, bits));
+  }
+  if (rs.sat_mode != ROUND_SAT::SM_NONE) {
+    VDATA_TYPE type = instr.lvalue()->type;
+    append_tinstr(new TSAT(*this, reg_out, instr.round_sat, type));
+    if (reg2) append_tinstr(new TSAT(*this, reg2_out, instr.round_sat, type));
+  }
 }
 
 void TCMD::translate_vinit(VINSTR& instr) {

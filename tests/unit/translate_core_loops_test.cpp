@@ -1,0 +1,134 @@
+// The tree of translated loops: loop headers, declarations, values of trip
+// counts and repeat loops, streams and plain address generators.
+#include "ZELT_ZLC/agen.h"
+#include "options/register_option.h"
+#include "tests/unit/translate_core_fixture.h"
+
+namespace {
+
+class LoopTest : public TRANSLATE_TEST {
+ protected:
+  // p[A] with A stepping 4 bytes in j and n*8 in i, under i < n, j < n*2.
+  void nest() {
+    parm("n", "int32_t");
+    parm("p", "__vptr_int32");
+    VREG* a = vreg("a");
+    loop(2, "i", sym("n"));
+    loop(3, "j", sym("n * 2"));
+    AGEN* g = agen("A", 2, num(4));
+    g->strides[1] = sym("n * 8");
+    load(4, a, VDATA_TYPE::int32, 0, nullptr, g);
+    end_loop();
+    end_loop();
+  }
+};
+
+TEST_F(LoopTest, NestReadsThroughAnEngine) {
+  nest();
+  EXPECT_EQ(translate(),
+            "int32_t __p0 = tvals->loop0.tvals[0].p0;\n"
+            "void* __p1 = tvals->loop0.tvals[0].p1;\n"
+            "__SE_TEMPLATE_v1 __p2 = tvals->loop0.tvals[0].p2;\n"
+            "\n"
+            "int32_t i;\n"
+            "\n"
+            "__SE0_OPEN(__p1, __p2);\n"
+            "\n"
+            "#pragma MUST_ITERATE(1,65535,)\n"
+            "#pragma PARALLEL_LOOP\n"
+            "for (i = 0; i < n; ++i)\n"
+            "{\n"
+            "   int32_t j;\n"
+            "\n"
+            "   #pragma MUST_ITERATE(1,65535,)\n"
+            "   #pragma PARALLEL_LOOP\n"
+            "   for (j = 0; j < __p0; ++j)\n"
+            "   {\n"
+            "      zelt_load<int32_t, npt, se0adv>::SE_load(a);\n"
+            "   }\n"
+            "}\n"
+            "__SE0_CLOSE();\n");
+  EXPECT_EQ(tkernel->used_parms.size(), 1u);  // n, as the outer count
+  EXPECT_EQ(tkernel->scope.decls.count("a"), 1u);
+}
+
+TEST_F(LoopTest, WithoutStreamsTheGeneratorStepsAtEachLoopEnd) {
+  process_debug_option("disable", "se");
+  nest();
+  std::string text = translate();
+  process_debug_option("disable", "se=0");
+  EXPECT_NE(text.find("A = 0;\n\n#pragma"), std::string::npos) << text;
+  EXPECT_NE(text.find("      zelt_load<int32_t, npt, nosa>::load(a, (void*)((char*)__p1 + A));\n"
+                      "      A += 4;\n"
+                      "   }\n"
+                      "   A += __p2;\n"
+                      "}\n"),
+            std::string::npos)
+      << text;
+  EXPECT_EQ(init_text(false),
+            "tvals->loop0.tvals[0].p0 = n * 2;\n"
+            "tvals->loop0.tvals[0].p1 = p + 4;\n"
+            "tvals->loop0.tvals[0].p2 = ((n * 8) - (((4) * (n * 2))));\n");
+  EXPECT_EQ(tkernel->scope.lookup("", "A")->type, "__agen");
+}
+
+TEST_F(LoopTest, RunTimeRepeatCountIndexesValuesByTheRepeatVariable) {
+  PARM* n = parm("n", "int32_t", PARM::QF_UPDATE);
+  parm("m", "int32_t");
+  VREG* a = vreg("a");
+  v()->push_rpt(at(2), "r", sym("m + 1"), num(4));
+  loop(3, "i", num(8));
+  init(4, a, sym("n * 3"));
+  v()->add_instr(v()->curr_instr);
+  end_loop();
+  end_loop();
+  std::string text = translate();
+  TCMD* cmd = tkernel->tcmds[0];
+  EXPECT_TRUE(cmd->has_repeat);
+  EXPECT_EQ(cmd->rpt_max, 4u);
+  EXPECT_EQ(cmd->top_loop->lcv, "r");
+  EXPECT_EQ(text.substr(0, 58), "int32_t __tripcount = tvals->loop0.tripcount;\n\nint32_t r;\n");
+  EXPECT_NE(text.find("for (r = 0; r < __tripcount; ++r)\n{\n"
+                      "   int32_t __p0 = tvals->loop0.tvals[r].p0;\n"),
+            std::string::npos)
+      << text;
+  EXPECT_NE(text.find("      a = (__vector)((int)__p0);\n"), std::string::npos) << text;
+  const std::string block =
+      "{\n"
+      "   tvals->loop0.tripcount = m + 1;\n"
+      "   int32_t __tripcount = tvals->loop0.tripcount;\n"
+      "   int32_t r;\n"
+      "\n"
+      "   #pragma MUST_ITERATE(1,65535,)\n"
+      "   #pragma PARALLEL_LOOP\n"
+      "   for (r = 0; r < __tripcount; ++r)\n"
+      "   {\n";
+  EXPECT_EQ(init_text(false), block + "      tvals->loop0.tvals[r].p0 = n * 3;\n   }\n}\n");
+  n->set_flags(0);
+  EXPECT_EQ(init_text(true), block + "   }\n}\n");
+}
+
+TEST_F(LoopTest, ConstantRepeatMakesNoCountValueAndLoopVariablesInitAsNames) {
+  VREG* a = vreg("a");
+  v()->push_rpt(at(2), "r", num(3), num(3));
+  loop(3, "i", num(8));
+  init(4, a, sym("i"));
+  v()->add_instr(v()->curr_instr);
+  end_loop();
+  end_loop();
+  std::string text = translate();
+  TCMD* cmd = tkernel->tcmds[0];
+  EXPECT_TRUE(cmd->has_repeat);
+  EXPECT_EQ(cmd->tvals.rt, nullptr);
+  EXPECT_TRUE(cmd->tvals.by_number.empty());
+  EXPECT_NE(text.find("for (r = 0; r < 3; ++r)"), std::string::npos) << text;
+  EXPECT_NE(text.find("a = (__vector)((int)i);"), std::string::npos) << text;
+  // Blocks chain in creation order; each loop adds a back edge before the
+  // edge into its cleanup block.
+  LOOP* inner = cmd->find_loop("i");
+  ASSERT_NE(inner, nullptr);
+  EXPECT_EQ(inner->last_block()->succ.size(), 2u);
+  EXPECT_EQ(inner->last_block()->succ.front(), inner->entry_block);
+}
+
+}  // namespace
