@@ -10,12 +10,13 @@
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "options/optobj.h"
+#include "translate/tkernel.h"
 
 VKERNEL* curr_vkernel = nullptr;
 VCMD* curr_vcmd = nullptr;
 
 VKERNEL* new_vkernel(std::ostream& outfile, std::ostream& header_file) {
-  return new VKERNEL(outfile, header_file);
+  return new_translation_kernel(outfile, header_file);
 }
 
 namespace {

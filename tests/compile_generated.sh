@@ -1,16 +1,18 @@
 #!/bin/bash
 # Compiles every generated source file kept as a golden expectation against
 # the stand-in run-time headers, so that the translator's output stays
-# valid C++.  Usage: compile_generated.sh [tests directory]
+# valid C++.  A generated source is recognised by the first line of its
+# preamble, whatever its name.  Usage: compile_generated.sh [tests directory]
 tests=${1:-$(dirname "$0")}
 status=0
 count=0
 while IFS= read -r -d '' file; do
+  [ "$(head -n 1 "$file")" = "#pragma diag_suppress 179,552" ] || continue
   count=$((count + 1))
-  if ! g++ -std=c++20 -fsyntax-only -I "$tests/standin" -x c++ "$file"; then
+  if ! g++ -std=c++20 -fsyntax-only -Wno-unknown-pragmas -I "$tests/standin" -x c++ "$file"; then
     echo "FAIL: $file"
     status=1
   fi
-done < <(find "$tests"/golden/*/expected/files -type f -name '*.c' -print0 2>/dev/null | sort -z)
+done < <(find "$tests"/golden/*/expected/files -type f -print0 2>/dev/null | sort -z)
 echo "$count generated files checked"
 exit $status

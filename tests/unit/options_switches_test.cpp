@@ -6,33 +6,33 @@
 
 namespace {
 
-register_option debug_ranges("debug:ranges");
+register_option debug_gauge("debug:gauge");
 register_option debug_probe("debug:probe");
-register_option disable_se("disable:se");
+register_option disable_marker("disable:marker");
 
 TEST(Switches, ListItemsSetOneOrAValueByExactName) {
   debug_probe = 5;
-  process_debug_option("debug", "ranges,probe=0");
-  EXPECT_EQ(debug_ranges, 1);
+  process_debug_option("debug", "gauge,probe=0");
+  EXPECT_EQ(debug_gauge, 1);
   EXPECT_EQ(debug_probe, 0);
 
-  process_debug_option("debug", "probe=0x10,,ranges=010,se,nosuch");
+  process_debug_option("debug", "probe=0x10,,gauge=010,marker,nosuch");
   EXPECT_EQ(debug_probe, 16);
-  EXPECT_EQ(debug_ranges, 8);
-  EXPECT_EQ(disable_se, 0);
+  EXPECT_EQ(debug_gauge, 8);
+  EXPECT_EQ(disable_marker, 0);
 
-  process_debug_option("debug", "Ranges=3,ranges =3,probe=junk");
-  EXPECT_EQ(debug_ranges, 8);
+  process_debug_option("debug", "Gauge=3,gauge =3,probe=junk");
+  EXPECT_EQ(debug_gauge, 8);
   EXPECT_EQ(debug_probe, 0);
   EXPECT_EQ(register_option::get_option("debug:nosuch"), nullptr);
 }
 
 TEST(Switches, LaterWordsWin) {
   option_obj opts(true);
-  EXPECT_TRUE(opts.process_option("-disable:se", nullptr));
-  EXPECT_EQ(disable_se, 1);
-  EXPECT_TRUE(opts.process_option("-disable:se=0", nullptr));
-  EXPECT_EQ(disable_se, 0);
+  EXPECT_TRUE(opts.process_option("-disable:marker", nullptr));
+  EXPECT_EQ(disable_marker, 1);
+  EXPECT_TRUE(opts.process_option("-disable:marker=0", nullptr));
+  EXPECT_EQ(disable_marker, 0);
 }
 
 TEST(Switches, ALocalSwitchLeavesTheRegistryWhenDestroyed) {

@@ -14,3 +14,71 @@
 
 using namespace ZELT_VM;
 
+typedef struct
+{
+   struct
+   {
+   } tvals [1];
+} k_loop0_tvals_t;
+
+typedef struct
+{
+   int n;
+} k_tvals_t;
+
+__attribute__((section(".zelt_parameter_block")))
+__attribute__((aligned(__ALIGNOF__(int))))
+uint16_t __pblock_k[ __PBLOCK_SIZE(k_tvals_t) ];
+
+extern "C" unsigned int k_param_count(void)
+{
+   return __PBLOCK_SIZE(k_tvals_t);
+}
+
+extern "C" unsigned int k_init(
+   int n,
+   unsigned short pblock[])
+{
+   k_tvals_t* tvals = (k_tvals_t*)pblock;
+
+   tvals->n = n;
+
+   return __PBLOCK_SIZE(k_tvals_t);
+}
+
+extern "C" void k_vloops(
+   unsigned short pblock[])
+{
+   k_tvals_t* tvals = (k_tvals_t*)pblock;
+
+   int n = tvals->n;
+
+   __vector a;
+
+   int32_t i;
+
+   #pragma MUST_ITERATE(1,65535,)
+   #pragma PARALLEL_LOOP
+   for (i = 0; i < (int32_t)n; ++i)
+   {
+      a = (__vector)((int)1);
+   }
+}
+
+extern "C" void k(
+   int n)
+{
+   k_init(n, __pblock_k);
+
+   k_vloops(__pblock_k);
+}
+
+extern "C" void k_custom(
+   int n,
+   unsigned short pblock[])
+{
+   k_init(n, pblock);
+
+   k_vloops(pblock);
+}
+
