@@ -1,0 +1,43 @@
+#ifndef _KV_vadd_h_
+#define _KV_vadd_h_
+
+/* Parameter Register Block */
+extern unsigned short __pblock_vadd[12];
+
+/* Profile Cycle Counters */
+extern __TSC_TYPE vadd_init_cycles;
+extern __TSC_TYPE vadd_vloops_cycles;
+
+/* Basic Runner Function */
+void vadd(
+   __vptr_int16 a,
+   __vptr_int16 b,
+   __vptr_int16 sum,
+   int n);
+
+/* Custom Runner Function */
+void vadd_custom(
+   __vptr_int16 a,
+   __vptr_int16 b,
+   __vptr_int16 sum,
+   int n,
+   unsigned short pblock[]);
+
+/* Parameter Block Initialization Function */
+unsigned int vadd(
+   __vptr_int16 a,
+   __vptr_int16 b,
+   __vptr_int16 sum,
+   int n,
+   unsigned short pblock[]);
+
+/* ZELT VLOOP Execution Function */
+void vadd_vloops(
+   unsigned short pblock[]);
+
+/* Parameter Register Count */
+#define PARAM_SIZE_vadd ((unsigned int)12)
+unsigned int vadd_param_count(void);
+/***********************************************************/
+#endif
+
