@@ -57,8 +57,8 @@ unsigned int vadd_init(
    tvals->n = n;
 
    tvals->loop0.tvals[0].p0 = n / ZELT_SIMD_WIDTH;
-   tvals->loop0.tvals[0].p1 = SE_init<int16_t, zelt_load<int16_t, npt>, TRANSPOSE_OFF>::apply(8, 8/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
-   tvals->loop0.tvals[0].p2 = SA_init<int16_t, 8, TRANSPOSE_OFF>::apply(8, 8/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+   tvals->loop0.tvals[0].p1 = SE_init<int16_t, zelt_load<int16_t, npt>, TRANSPOSE_OFF>::apply(((8) * (n / ZELT_SIMD_WIDTH)), 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+   tvals->loop0.tvals[0].p2 = SA_init<int16_t, 8, TRANSPOSE_OFF>::apply(((8) * (n / ZELT_SIMD_WIDTH)), 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
 
    return __PBLOCK_SIZE(vadd_tvals_t);
 }
