@@ -71,12 +71,12 @@ parameter_declaration
     }
   ;
 
-parameter_qualifiers returns [uint32_t flags]
+parameter_qualifiers returns [uint32_t flags = 0]
 @init { $flags = 0; }
   : ( q=parameter_qualifier { $flags |= $q.flag; } )*
   ;
 
-parameter_qualifier returns [uint32_t flag]
+parameter_qualifier returns [uint32_t flag = 0]
   : '__update' { $flag = PARM::QF_UPDATE; }
   | '__tscratch' { $flag = PARM::QF_TSCRATCH; }
   | '__output_only' { $flag = PARM::QF_OUTPUT_ONLY; }
@@ -158,7 +158,7 @@ agen_declarator_list
   : agen_declarator ( ',' agen_declarator )*
   ;
 
-agen_name returns [AGEN* agen]
+agen_name returns [AGEN* agen = NULL]
   : name=IDENTIFIER
     { $agen = curr_vcmd->new_agen(antlr_srcinfo($name), antlr_text($name)); }
   ;
@@ -220,7 +220,7 @@ exit_label
     { curr_vcmd->set_vexit_level(antlr_srcinfo($name), antlr_text($name)); }
   ;
 
-loop_init returns [pANTLR3_COMMON_TOKEN name]
+loop_init returns [pANTLR3_COMMON_TOKEN name = NULL]
   : INT_TYPE id=IDENTIFIER ASG first=constant
     {
       $name = $id;
@@ -228,7 +228,7 @@ loop_init returns [pANTLR3_COMMON_TOKEN name]
     }
   ;
 
-loop_condition returns [VPEXPR* tripcount]
+loop_condition returns [VPEXPR* tripcount = NULL]
 @init { $tripcount = nullptr; }
   : IDENTIFIER LESS e=pexpression
     { $tripcount = build_pexpr($e.tree, antlr_text($e.text)); }
@@ -404,7 +404,7 @@ circular_suffix
   : MOD size=circular_size { curr_vcmd->set_lval_circ($size.code); }
   ;
 
-circular_size returns [int32_t code]
+circular_size returns [int32_t code = 0]
   : 'CIRC_1K' { $code = 1; }
   | 'CIRC_2K' { $code = 2; }
   | 'CIRC_4K' { $code = 3; }
@@ -770,18 +770,18 @@ pid
   : { !is_vreg(LT(1)) && !is_agen(LT(1)) }? IDENTIFIER
   ;
 
-vsource returns [VREG* vreg]
+vsource returns [VREG* vreg = NULL]
   : v=vreg { $vreg = $v.vreg; }
   | '(' v=vreg ')' { $vreg = $v.vreg; }
   ;
 
-vreg returns [VREG* vreg]
+vreg returns [VREG* vreg = NULL]
 @init { $vreg = nullptr; }
   : { is_vreg(LT(1)) }? name=IDENTIFIER
     { $vreg = curr_vcmd->lookup_vreg(antlr_text($name), antlr_srcinfo($name), true); }
   ;
 
-agen returns [AGEN* agen]
+agen returns [AGEN* agen = NULL]
 @init { $agen = nullptr; }
   : { is_agen(LT(1)) }? name=IDENTIFIER
     { $agen = curr_vcmd->lookup_agen(antlr_text($name)); }

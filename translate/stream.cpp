@@ -18,9 +18,10 @@ register_option disable_se("disable:se");
 
 const VPEXPR* constant(int64_t value) { return new VPEXPR(value, VPEXPR::EVAL_SIGNED); }
 
-// The trip count of a translated loop; a loop without a source level runs once.
+// The trip count of a translated loop; a loop without a source level, or
+// whose header failed to parse, counts as running once.
 const VPEXPR* tripcount(const LOOP* loop) {
-  return loop->vblock ? loop->vblock->tripcount : VPEXPR::one;
+  return loop->vblock && loop->vblock->tripcount ? loop->vblock->tripcount : VPEXPR::one;
 }
 
 }  // namespace

@@ -64,7 +64,9 @@ void TCMD::translate_children(VBLOCK* block, LOOP* loop) {
 }
 
 void TCMD::translate_loop(VBLOCK* block, LOOP* loop) {
-  const VPEXPR* tripcount = block->tripcount;
+  // A loop header that failed to parse leaves no count; such a kernel has
+  // already been reported and its output will be removed.
+  const VPEXPR* tripcount = block->tripcount ? block->tripcount : VPEXPR::one;
   bool repeat = block->depth == -1;
   TEXPR* count;
   if (!repeat) {
