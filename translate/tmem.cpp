@@ -14,17 +14,6 @@
 
 namespace {
 std::string name_of(const SYMREG* sym) { return sym ? sym->name : std::string(); }
-
-// The address argument of a load or plain store.
-void format_address(std::ostream& out, int32_t circ, const TEXPR* base, const AGEN* agen,
-                    const STREAM_TEMPLATE* stream) {
-  if (circ)
-    out << ", (void*)circ(" << base->ref(true) << ", " << name_of(agen) << ", " << circ << ")";
-  else if (stream && stream->is_sa())
-    out << ", (void*)(" << base->ref(false) << ")";
-  else if (agen)
-    out << ", (void*)((char*)" << base->ref(false) << " + " << agen->name << ")";
-}
 }  // namespace
 
 std::string new_collate_ptr() {
@@ -87,6 +76,17 @@ std::vector<VREG*> TVLOAD::dst_regs() const {
   return {dst};
 }
 
+// The address argument of a load or a plain store; none for an engine,
+// which was given its address when it opened.
+void TVMEM::format_address(std::ostream& out) const {
+  if (circ)
+    out << ", (void*)circ(" << base_->ref(true) << ", " << name_of(agen_) << ", " << circ << ")";
+  else if (stream_ && stream_->is_sa())
+    out << ", (void*)(" << base_->ref(false) << ")";
+  else if (agen_)
+    out << ", (void*)((char*)" << base_->ref(false) << " + " << agen_->name << ")";
+}
+
 void TVLOAD::format(std::ostream& out) const {
   INDENT::indent(out) << "zelt_load<" << type.get_name() << ", " << dist_word(dist) << ", "
                       << sa_tag() << ">::" << (stream_ && stream_->is_se() ? "SE_load(" : "load(")
@@ -96,7 +96,7 @@ void TVLOAD::format(std::ostream& out) const {
     return;
   }
   if (dist == 5) out << ", " << name_of(dst2);
-  format_address(out, circ, base_, agen_, stream_);
+  format_address(out);
   if (dist == 6) out << ", " << custom->ref(true);
   out << ");\n";
 }
@@ -138,7 +138,7 @@ void TVSTORE::format(std::ostream& out) const {
   }
   out << (pred ? "store_pred" : "store") << "(" << name_of(src);
   if (dist == 3) out << ", " << name_of(src2);
-  format_address(out, circ, base_, agen_, stream_);
+  format_address(out);
   if (dist == 6 || dist == 7) out << ", " << name_of(scatter);
   if (pred) out << ", " << pred->name;
   out << ");\n";

@@ -16,19 +16,34 @@ struct VLVALUE;
 // "__collate_ptr_" and a run-wide number.
 std::string new_collate_ptr();
 
-class TVLOAD : public TINSTR {
+// What loads and stores share: an address, walked by a plain generator or
+// by a stream, in a circular buffer or not, over elements of one type.
+class TVMEM : public TINSTR {
+ public:
+  STREAM_TEMPLATE* stream() const override { return stream_; }
+  VDATA_TYPE elem_type() const override { return type; }
+  AGEN* agen() const override { return agen_; }
+  TEXPR* base() const override { return base_; }
+  bool is_transpose() const override { return dist == 10; }
+  void format_address(std::ostream& out) const;
+
+  TEXPR* base_ = nullptr;
+  AGEN* agen_ = nullptr;
+  int32_t circ = 0;
+  STREAM_TEMPLATE* stream_ = nullptr;
+  std::string collate_ptr;
+  VDATA_TYPE type;
+  int32_t dist = 0;
+};
+
+class TVLOAD : public TVMEM {
  public:
   void format(std::ostream& out) const override;
   bool can_use_stream(STREAM_TEMPLATE& t) const override;
   void use_stream(STREAM_TEMPLATE* t) override;
-  STREAM_TEMPLATE* stream() const override { return stream_; }
   unsigned nelem() const override;
-  VDATA_TYPE elem_type() const override { return type; }
-  AGEN* agen() const override { return agen_; }
-  TEXPR* base() const override { return base_; }
   std::vector<VREG*> dst_regs() const override;
   std::string instr_string() const override { return "LOAD"; }
-  bool is_transpose() const override { return dist == 10; }
 
   // The distribution word of a load, "npt"; empty for an unknown value.
   static std::string dist_word(int32_t dist);
@@ -36,30 +51,18 @@ class TVLOAD : public TINSTR {
   VREG* dst = nullptr;
   VREG* dst2 = nullptr;
   VREG* flags = nullptr;
-  TEXPR* base_ = nullptr;
-  AGEN* agen_ = nullptr;
-  int32_t circ = 0;
-  std::string collate_ptr;
-  STREAM_TEMPLATE* stream_ = nullptr;
-  VDATA_TYPE type;
-  int32_t dist = 0;
   TEXPR* custom = nullptr;
 };
 
-class TVSTORE : public TINSTR {
+class TVSTORE : public TVMEM {
  public:
   void format(std::ostream& out) const override;
   LHT_TEMPLATE* lht() const override { return lht_; }
   bool can_use_stream(STREAM_TEMPLATE& t) const override;
   void use_stream(STREAM_TEMPLATE* t) override;
-  STREAM_TEMPLATE* stream() const override { return stream_; }
   unsigned nelem() const override;
-  VDATA_TYPE elem_type() const override { return type; }
-  AGEN* agen() const override { return agen_; }
-  TEXPR* base() const override { return base_; }
   std::vector<VREG*> src_regs() const override;
   std::string instr_string() const override { return "STORE"; }
-  bool is_transpose() const override { return dist == 10; }
 
   // The distribution word of a store, "npt"; empty for an unknown value.
   static std::string dist_word(int32_t dist);
@@ -68,14 +71,7 @@ class TVSTORE : public TINSTR {
   VREG* src2 = nullptr;
   VREG* scatter = nullptr;
   VREG* pred = nullptr;
-  TEXPR* base_ = nullptr;
   TEXPR* offset = nullptr;
-  AGEN* agen_ = nullptr;
-  int32_t circ = 0;
-  STREAM_TEMPLATE* stream_ = nullptr;
-  std::string collate_ptr;
-  VDATA_TYPE type;
-  int32_t dist = 0;
   LHT_TEMPLATE* lht_ = nullptr;
   VLVALUE* lv = nullptr;
 };
