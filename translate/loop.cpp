@@ -186,16 +186,20 @@ const VPEXPR* LOOP::stride(const AGEN* a) const {
   return a->strides[index];
 }
 
+const VPEXPR* LOOP::tripcount() const {
+  return vblock && vblock->tripcount ? vblock->tripcount : VPEXPR::one;
+}
+
 const VPEXPR* LOOP::incr_expr(const AGEN* a) const {
   const VPEXPR* incr = stride(a);
   if (const LOOP* nested = nested_loop())
-    incr = VPEXPR::diff(incr, VPEXPR::product(nested->stride(a), nested->vblock->tripcount));
+    incr = VPEXPR::diff(incr, VPEXPR::product(nested->stride(a), nested->tripcount()));
   return incr;
 }
 
 const VPEXPR* LOOP::rewind_expr(const AGEN* a) const {
   const VPEXPR* first = a->strides[0] ? a->strides[0] : VPEXPR::zero;
-  return VPEXPR::product(first, vblock ? vblock->tripcount : VPEXPR::one);
+  return VPEXPR::product(first, tripcount());
 }
 
 void LOOP::add_agen_increments(AGEN* a) {

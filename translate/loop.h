@@ -160,6 +160,9 @@ class LOOP : public LOOPNODE {
   const VPEXPR* rewind_expr(const AGEN* a) const;
   // The stride of `a` for this loop's depth; zero where it has none.
   const VPEXPR* stride(const AGEN* a) const;
+  // The source trip count; a loop without a source level, or whose header
+  // failed to parse, counts as running once.
+  const VPEXPR* tripcount() const;
 
   LOOP* nested_loop() const;
   BBLOCK* first_block() const;

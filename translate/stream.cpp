@@ -3,7 +3,6 @@
 // patterns, and the configuration, open and close instructions.
 #include "translate/stream.h"
 
-#include "ZELT_ZLC/vblock.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "options/register_option.h"
 #include "translate/loop.h"
@@ -17,12 +16,6 @@ namespace {
 register_option disable_se("disable:se");
 
 const VPEXPR* constant(int64_t value) { return new VPEXPR(value, VPEXPR::EVAL_SIGNED); }
-
-// The trip count of a translated loop; a loop without a source level, or
-// whose header failed to parse, counts as running once.
-const VPEXPR* tripcount(const LOOP* loop) {
-  return loop->vblock && loop->vblock->tripcount ? loop->vblock->tripcount : VPEXPR::one;
-}
 
 }  // namespace
 
@@ -65,7 +58,7 @@ bool STREAM_TEMPLATE::qualify(TINSTR* instr, AGEN* agen) {
     n = 2;
   } else {
     if (inner->is_const() && inner->value64() == size * nelem) {
-      icnt[0] = VPEXPR::product(count, tripcount(loop));  // contiguous inner loop
+      icnt[0] = VPEXPR::product(count, loop->tripcount());  // contiguous inner loop
       loop = loop->parent;
     } else {
       icnt[0] = count;
@@ -78,7 +71,7 @@ bool STREAM_TEMPLATE::qualify(TINSTR* instr, AGEN* agen) {
   for (; loop; loop = loop->parent) {
     if (loop == cmd->top_loop) return true;
     if (n > max_dims - 1) return false;
-    const VPEXPR* c = tripcount(loop);
+    const VPEXPR* c = loop->tripcount();
     const VPEXPR* s = loop->stride(agen);
     if (s->is_const() && s->value64() == 0 && dim[n - 1]->is_const() &&
         dim[n - 1]->value64() == 0) {
@@ -94,9 +87,9 @@ bool STREAM_TEMPLATE::qualify(TINSTR* instr, AGEN* agen) {
 
 std::string STREAM_TEMPLATE::format_dims() const {
   const std::string elem_size = std::to_string(type.bits / 8);
-  std::string text = pexpr_text(icnt[0]);
+  std::string text = icnt[0]->text;
   for (int k = 1; k < max_dims; ++k)
-    text += ", " + pexpr_text(dim[k]) + "/" + elem_size + ", " + pexpr_text(icnt[k]);
+    text += ", " + dim[k]->text + "/" + elem_size + ", " + icnt[k]->text;
   return text;
 }
 

@@ -60,8 +60,8 @@ extern "C" unsigned int blend_init(
    tvals->h = h;
 
    tvals->loop0.tvals[0].p0 = w / ZELT_SIMD_WIDTH;
-   tvals->loop0.tvals[0].p1 = SE_init<int16_t, zelt_load<int16_t, npt>, TRANSPOSE_OFF>::apply(8, 8/2, w / ZELT_SIMD_WIDTH, w/2, h, 0/2, 1, 0/2, 1, 0/2, 1);
-   tvals->loop0.tvals[0].p2 = SA_init<int16_t, 8, TRANSPOSE_OFF>::apply(8, 8/2, w / ZELT_SIMD_WIDTH, w/2, h, 0/2, 1, 0/2, 1, 0/2, 1);
+   tvals->loop0.tvals[0].p1 = SE_init<int16_t, zelt_load<int16_t, npt>, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, w / ZELT_SIMD_WIDTH, w/2, h, 0/2, 1, 0/2, 1, 0/2, 1);
+   tvals->loop0.tvals[0].p2 = SA_init<int16_t, 8, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, w / ZELT_SIMD_WIDTH, w/2, h, 0/2, 1, 0/2, 1, 0/2, 1);
 
    return __PBLOCK_SIZE(blend_tvals_t);
 }
@@ -197,11 +197,11 @@ extern "C" unsigned int offsets_init(
 
    // loop 1
    tvals->loop1.tvals[0].p0 = n / ZELT_SIMD_WIDTH;
-   tvals->loop1.tvals[0].p1 = SE_init<int16_t, zelt_load<int16_t, npt>, TRANSPOSE_OFF>::apply(8, 8/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
-   tvals->loop1.tvals[0].p2 = SA_init<int16_t, 8, TRANSPOSE_OFF>::apply(8, 8/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+   tvals->loop1.tvals[0].p1 = SE_init<int16_t, zelt_load<int16_t, npt>, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+   tvals->loop1.tvals[0].p2 = SA_init<int16_t, 8, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
    // loop 2
    tvals->loop2.tvals[0].p0 = n / ZELT_SIMD_WIDTH;
-   tvals->loop2.tvals[0].p1 = SA_init<int16_t, 8, TRANSPOSE_OFF>::apply(8, 8/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+   tvals->loop2.tvals[0].p1 = SA_init<int16_t, 8, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
 
    return __PBLOCK_SIZE(offsets_tvals_t);
 }

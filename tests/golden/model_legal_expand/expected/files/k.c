@@ -57,8 +57,8 @@ extern "C" unsigned int expand_rows_init(
    tvals->n = n;
 
    tvals->loop0.tvals[0].p0 = n / ZELT_SIMD_WIDTH;
-   tvals->loop0.tvals[0].p1 = SE_init<uint16_t, zelt_load<uint16_t, npt>, TRANSPOSE_OFF>::apply(8, 8/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
-   tvals->loop0.tvals[0].p2 = SA_init<uint16_t, 16, TRANSPOSE_OFF>::apply(16, 8/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+   tvals->loop0.tvals[0].p1 = SE_init<uint16_t, zelt_load<uint16_t, npt>, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+   tvals->loop0.tvals[0].p2 = SA_init<uint16_t, 16, TRANSPOSE_OFF>::apply(16, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
 
    return __PBLOCK_SIZE(expand_rows_tvals_t);
 }

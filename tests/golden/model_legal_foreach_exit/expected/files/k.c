@@ -68,8 +68,8 @@ extern "C" unsigned int search_init(
       for (r = 0; r < __tripcount; ++r)
       {
          tvals->loop0.tvals[r].p0 = n / ZELT_SIMD_WIDTH;
-         tvals->loop0.tvals[r].p1 = SE_init<int16_t, zelt_load<int16_t, npt>, TRANSPOSE_OFF>::apply(8, 8/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
-         tvals->loop0.tvals[r].p2 = SA_init<int16_t, 8, TRANSPOSE_OFF>::apply(8, 8/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+         tvals->loop0.tvals[r].p1 = SE_init<int16_t, zelt_load<int16_t, npt>, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+         tvals->loop0.tvals[r].p2 = SA_init<int16_t, 8, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
       }
    }
 

@@ -57,7 +57,7 @@ extern "C" unsigned int hist_init(
    tvals->n = n;
 
    tvals->loop0.tvals[0].p0 = n / ZELT_SIMD_WIDTH;
-   tvals->loop0.tvals[0].p1 = SE_init<uint16_t, zelt_load<uint16_t, npt>, TRANSPOSE_OFF>::apply(8, 8/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+   tvals->loop0.tvals[0].p1 = SE_init<uint16_t, zelt_load<uint16_t, npt>, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
    tvals->loop0.tvals[0].p2 = SE_init<uint8_t, zelt_load<uint8_t, npt>, TRANSPOSE_OFF>::apply(((8) * (n / ZELT_SIMD_WIDTH)), 0/1, 1, 0/1, 1, 0/1, 1, 0/1, 1, 0/1, 1);
 
    return __PBLOCK_SIZE(hist_tvals_t);
@@ -156,7 +156,7 @@ extern "C" unsigned int count_init(
    tvals->n = n;
 
    tvals->loop1.tvals[0].p0 = n / ZELT_SIMD_WIDTH;
-   tvals->loop1.tvals[0].p1 = SE_init<uint16_t, zelt_load<uint16_t, npt>, TRANSPOSE_OFF>::apply(8, 8/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+   tvals->loop1.tvals[0].p1 = SE_init<uint16_t, zelt_load<uint16_t, npt>, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
 
    return __PBLOCK_SIZE(count_tvals_t);
 }
@@ -262,7 +262,7 @@ extern "C" unsigned int rows_init(
       for (r = 0; r < __tripcount; ++r)
       {
          tvals->loop2.tvals[r].p0 = n / ZELT_SIMD_WIDTH;
-         tvals->loop2.tvals[r].p1 = SE_init<uint16_t, zelt_load<uint16_t, npt>, TRANSPOSE_OFF>::apply(8, 8/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+         tvals->loop2.tvals[r].p1 = SE_init<uint16_t, zelt_load<uint16_t, npt>, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
       }
    }
 
