@@ -23,7 +23,6 @@ class TVMEM : public TINSTR {
   STREAM_TEMPLATE* stream() const override { return stream_; }
   VDATA_TYPE elem_type() const override { return type; }
   AGEN* agen() const override { return agen_; }
-  TEXPR* base() const override { return base_; }
   bool is_transpose() const override { return dist == 10; }
   void format_address(std::ostream& out) const;
 
@@ -39,6 +38,8 @@ class TVMEM : public TINSTR {
 class TVLOAD : public TVMEM {
  public:
   void format(std::ostream& out) const override;
+  // The address that an engine opens on; only loads offer one.
+  TEXPR* base() const override { return base_; }
   bool can_use_stream(STREAM_TEMPLATE& t) const override;
   void use_stream(STREAM_TEMPLATE* t) override;
   unsigned nelem() const override;
