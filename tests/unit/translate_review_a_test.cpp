@@ -1,6 +1,9 @@
 // Stream configurations and generator increments of translated loop nests:
 // the written form of strides and counts, slot sharing by that form, and a
 // loop whose count is missing.
+#include <string>
+#include <vector>
+
 #include "ZELT_ZLC/agen.h"
 #include "options/register_option.h"
 #include "tests/unit/translate_core_fixture.h"
