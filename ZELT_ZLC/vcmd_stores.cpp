@@ -2,7 +2,7 @@
 #include <iostream>
 
 #include "ZELT_ZLC/vcmd.h"
-#include "ZELT_ZLC/vcmd_special.h"
+#include "ZELT_ZLC/vcmd_hist_tbl.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vstore.h"
 

@@ -3,7 +3,7 @@
 // address generators.
 #include "ZELT_ZLC/vhup_vtld.h"
 
-#include "ZELT_ZLC/vcmd_special.h"
+#include "ZELT_ZLC/vcmd_hist_tbl.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // Histogram and table lookup loops: their announcement by the kernel, the
 // statements they refuse, and the entry points of their own instructions.
-#include "ZELT_ZLC/vcmd_special.h"
+#include "ZELT_ZLC/vcmd_hist_tbl.h"
 
 #include <iostream>
 

@@ -1,8 +1,8 @@
 // Histogram loops and table lookup loops: vector loops that refuse most
 // statements and accept the histogram update or the table lookup, with the
 // counts, duplication and table size that their announcement gives.
-#ifndef ZLC_ZELT_ZLC_VCMD_SPECIAL_H
-#define ZLC_ZELT_ZLC_VCMD_SPECIAL_H
+#ifndef ZLC_ZELT_ZLC_VCMD_HIST_TBL_H
+#define ZLC_ZELT_ZLC_VCMD_HIST_TBL_H
 
 #include "ZELT_ZLC/vcmd.h"
 

@@ -1,7 +1,7 @@
 // Histogram and table lookup loops: their announcement, the statements they
 // refuse, histogram updates, lookups, expanding loads and table stores.
 #include "ZELT_ZLC/driver.h"
-#include "ZELT_ZLC/vcmd_special.h"
+#include "ZELT_ZLC/vcmd_hist_tbl.h"
 #include "ZELT_ZLC/vhup_vtld.h"
 #include "ZELT_ZLC/vstore.h"
 #include "options/register_option.h"
