@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "DIAG/diag.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vpexpr.h"
+#include "tests/unit/translate_core_fixture.h"
 #include "translate/loop.h"
 #include "translate/stream.h"
 #include "translate/tcmd.h"
@@ -20,33 +20,16 @@
 
 namespace {
 
-class TRANSLATE_KERNEL : public testing::Test {
+class TRANSLATE_KERNEL : public TRANSLATE_TEST {
  protected:
   void SetUp() override {
-    DIAGNOSTIC::error_count_m = 0;
-    kernel = new TKERNEL(out, header);
-    curr_vkernel = kernel;
-    kernel->set_name("k");
-    kernel->new_parm(at(1), "p", 0, "__vptr_int16", "");
-    kernel->new_parm(at(1), "n", 0, "int", "");
+    TRANSLATE_TEST::SetUp();
+    tkernel->new_parm(at(1), "p", 0, "__vptr_int16", "");
+    tkernel->new_parm(at(1), "n", 0, "int", "");
   }
-  void TearDown() override { DIAGNOSTIC::error_count_m = 0; }
 
-  static DIAG_SRCINFO_DATA at(unsigned line) { return DIAG_SRCINFO_DATA("k.zc", line); }
-  static const VPEXPR* num(long value) { return new VPEXPR(value, VPEXPR::EVAL_SIGNED); }
-  static const VPEXPR* sym(const std::string& text) {
-    auto* e = new VPEXPR(text);
-    e->eval_type = VPEXPR::EVAL_SYMBOLIC;
-    return e;
-  }
-  VCMD* v() const { return curr_vcmd; }
-  VREG* vreg(const std::string& name) {
-    VREG* r = kernel->new_vreg(at(1), name, VDATA_TYPE::untyped);
-    v()->clear_curr();
-    return r;
-  }
   // A generator that moves `step` bytes per iteration of loop level `level`.
-  AGEN* agen(const std::string& name, int level, long step) {
+  AGEN* step_agen(const std::string& name, int level, long step) {
     AGEN* a = v()->new_agen(at(1), name);
     a->has_init = true;
     a->strides[level + 1] = num(step);
@@ -54,7 +37,7 @@ class TRANSLATE_KERNEL : public testing::Test {
     return a;
   }
   void lvalue(AGEN* a) {
-    v()->new_vlvalue(at(2), sym("p"), kernel->lookup_parm("p"), sym("p"), nullptr, a,
+    v()->new_vlvalue(at(2), sym("p"), tkernel->lookup_parm("p"), sym("p"), nullptr, a,
                      VDATA_TYPE::int16);
   }
   void load(VREG* dst, AGEN* a, int32_t dist = 0) {
@@ -80,13 +63,9 @@ class TRANSLATE_KERNEL : public testing::Test {
   // Closes the loop nest and writes the kernel.
   std::string finish(int levels) {
     for (int i = 0; i < levels; ++i) v()->pop_block();
-    kernel->format();
+    tkernel->format();
     return out.str();
   }
-
-  std::ostringstream out;
-  std::ostringstream header;
-  TKERNEL* kernel = nullptr;
 };
 
 // The translated loop of the kernel's only vector loop, before addressing.
@@ -116,13 +95,13 @@ std::string dims(const STREAM_TEMPLATE* t) {
 TEST_F(TRANSLATE_KERNEL, EnginesThenAddressGenerators) {
   v()->push_block(at(1), "i", sym("n"));
   VREG* x = vreg("x");
-  load(x, agen("A", 0, 16));
-  load(vreg("y"), agen("B", 0, 16));
-  load(vreg("z"), agen("C", 0, 16));
-  store(x, agen("D", 0, 16));
-  store(x, agen("E", 0, 16));
+  load(x, step_agen("A", 0, 16));
+  load(vreg("y"), step_agen("B", 0, 16));
+  load(vreg("z"), step_agen("C", 0, 16));
+  store(x, step_agen("D", 0, 16));
+  store(x, step_agen("E", 0, 16));
   v()->pop_block();
-  TCMD* cmd = TRANSLATE_KERNEL_translate(kernel);
+  TCMD* cmd = TRANSLATE_KERNEL_translate(tkernel);
   std::vector<TINSTR*> acc = accesses(cmd);
   ASSERT_EQ(acc.size(), 5u);
 
@@ -162,13 +141,13 @@ TEST_F(TRANSLATE_KERNEL, DimensionsOfANest) {
   v()->push_block(at(1), "i", num(4));
   v()->push_block(at(1), "j", num(3));
   v()->push_block(at(1), "k", num(5));
-  AGEN* a = agen("A", 0, 0);
+  AGEN* a = step_agen("A", 0, 0);
   a->strides[2] = VPEXPR::zero;  // neither i nor j moves: one dimension of 12
   a->strides[3] = num(64);       // k's step isn't contiguous: a dimension of its own
   a->deepest_depth = 3;
   load(vreg("x"), a);
   for (int i = 0; i < 3; ++i) v()->pop_block();
-  TCMD* cmd = TRANSLATE_KERNEL_translate(kernel);
+  TCMD* cmd = TRANSLATE_KERNEL_translate(tkernel);
   std::vector<TINSTR*> acc = accesses(cmd);
   ASSERT_EQ(acc.size(), 1u);
   ASSERT_TRUE(cmd->use_se(acc[0], acc[0]->agen()));
