@@ -21,6 +21,17 @@ class LoopTest : public TRANSLATE_TEST {
     end_loop();
     end_loop();
   }
+  // foreach (r, count, max) { for (i < 8) { a = value; } }, translated.
+  std::string repeat_init(const VPEXPR* count, const VPEXPR* max, const VPEXPR* value) {
+    VREG* a = vreg("a");
+    v()->push_rpt(at(2), "r", count, max);
+    loop(3, "i", num(8));
+    init(4, a, value);
+    v()->add_instr(v()->curr_instr);
+    end_loop();
+    end_loop();
+    return translate();
+  }
 };
 
 TEST_F(LoopTest, NestReadsThroughAnEngine) {
@@ -75,14 +86,7 @@ TEST_F(LoopTest, WithoutStreamsTheGeneratorStepsAtEachLoopEnd) {
 TEST_F(LoopTest, RunTimeRepeatCountIndexesValuesByTheRepeatVariable) {
   PARM* n = parm("n", "int32_t", PARM::QF_UPDATE);
   parm("m", "int32_t");
-  VREG* a = vreg("a");
-  v()->push_rpt(at(2), "r", sym("m + 1"), num(4));
-  loop(3, "i", num(8));
-  init(4, a, sym("n * 3"));
-  v()->add_instr(v()->curr_instr);
-  end_loop();
-  end_loop();
-  std::string text = translate();
+  std::string text = repeat_init(sym("m + 1"), num(4), sym("n * 3"));
   TCMD* cmd = tkernel->tcmds[0];
   EXPECT_TRUE(cmd->has_repeat);
   EXPECT_EQ(cmd->rpt_max, 4u);
@@ -109,14 +113,7 @@ TEST_F(LoopTest, RunTimeRepeatCountIndexesValuesByTheRepeatVariable) {
 }
 
 TEST_F(LoopTest, ConstantRepeatMakesNoCountValueAndLoopVariablesInitAsNames) {
-  VREG* a = vreg("a");
-  v()->push_rpt(at(2), "r", num(3), num(3));
-  loop(3, "i", num(8));
-  init(4, a, sym("i"));
-  v()->add_instr(v()->curr_instr);
-  end_loop();
-  end_loop();
-  std::string text = translate();
+  std::string text = repeat_init(num(3), num(3), sym("i"));
   TCMD* cmd = tkernel->tcmds[0];
   EXPECT_TRUE(cmd->has_repeat);
   EXPECT_EQ(cmd->tvals.rt, nullptr);
