@@ -737,20 +737,20 @@ unary_pexpression
   : SIZEOF^ unary_pexpression
   | NOTB^ cast_expression
   | EXCLAIM^ cast_expression
-  | op=MULT cast_expression -> ^(UMULT[$op] cast_expression)
+  | op=MULT cast_expression -> ^(UMULT[$op, "*"] cast_expression)
   | PLUS! cast_expression
-  | op=MINUS cast_expression -> ^(UMINUS[$op] cast_expression)
-  | op=ANDB cast_expression -> ^(UAND[$op] cast_expression)
+  | op=MINUS cast_expression -> ^(UMINUS[$op, "-"] cast_expression)
+  | op=ANDB cast_expression -> ^(UAND[$op, "&"] cast_expression)
   | postfix_pexpression
   ;
 
 postfix_pexpression
   : ( primary_pexpression -> primary_pexpression )
     ( { !is_agen(LT(2)) }? lb='[' e=pexpression_body ']'
-        -> ^(SUBSCRIPT[$lb] $postfix_pexpression $e)
-    | lp='(' ')' -> ^(CALL[$lp] $postfix_pexpression ARGS[$lp])
+        -> ^(SUBSCRIPT[$lb, "["] $postfix_pexpression $e)
+    | lp='(' ')' -> ^(CALL[$lp, "("] $postfix_pexpression ARGS[$lp, "("])
     | lp='(' args=argument_pexpression_list ')'
-        -> ^(CALL[$lp] $postfix_pexpression ^(ARGS[$lp] $args))
+        -> ^(CALL[$lp, "("] $postfix_pexpression ^(ARGS[$lp, "("] $args))
     | STDOT field=pid -> ^(STDOT $postfix_pexpression $field)
     | STREF field=pid -> ^(STREF $postfix_pexpression $field)
     )*

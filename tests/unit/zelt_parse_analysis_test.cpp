@@ -75,4 +75,59 @@ TEST(ZeltParseAnalysis, BaseAndOffsetOfAddresses) {
   }
 }
 
+// Every node of the parser's expression trees prints back with its own sign,
+// unary operators included, wherever a tree becomes generated text.
+TEST(ZeltParseAnalysis, EveryOperatorPrintsItsText) {
+  struct CASE {
+    const char* source;
+    const char* text;
+  };
+  const CASE cases[] = {
+      {"n ? w : 2", "n?w:(<unknown node: :>)"},
+      {"n || w", "n||w"}, {"n && w", "n&&w"}, {"n | w", "n|w"}, {"n ^ w", "n^w"},
+      {"n & w", "n&w"}, {"n == w", "n==w"}, {"n != w", "n!=w"}, {"n < w", "n<w"},
+      {"n <= w", "n<=w"}, {"n > w", "n>w"}, {"n >= w", "n>=w"}, {"n << 1", "n<<1"},
+      {"n >> 1", "n>>1"}, {"n + w", "n+w"}, {"n - w", "n-w"}, {"n * w", "n*w"},
+      {"n / w", "n/w"}, {"n % w", "n%w"},
+      {"(int)n", "<unknown node: int>"}, {"(unsigned)n", "<unknown node: unsigned>"},
+      {"sizeof(*p)", "sizeof(*p)"}, {"sizeof n", "sizeof(n)"},
+      {"~n", "~n"}, {"!n", "!n"}, {"*n", "*n"}, {"+n", "n"}, {"-n", "-n"}, {"&n", "&n"},
+      {"-(n + 1)", "-(n+1)"}, {"*&n", "*&n"},
+      {"n[2]", "n[2]"}, {"f()", "f()"}, {"f(n, 2)", "f(n, 2)"}, {"n.x", "n.x"},
+      {"n->x", "n->x"}, {"((n))", "n"},
+  };
+  for (const CASE& c : cases) {
+    const PARSE_RESULT r = parse_text(
+        std::string("void k(__vptr_int16 p, int n, int w) { __vector a;\n"
+                    " for (int i = 0; i < n; i++) { __agen A = i; a = (") +
+        c.source + ") + p [A]; } }");
+    ASSERT_EQ(r.err, "") << c.source;
+    const VLVALUE* lv = curr_vkernel->vcmds.at(0)->blocks.back()->instrs.front()->lvalue();
+    ASSERT_NE(lv, nullptr) << c.source;
+    EXPECT_EQ(lv->offset->text, c.text) << c.source;
+  }
+
+  parse_text("void k(__vptr_int16 p, int n) { __vector a;\n"
+             " for (int i = 0; i < n; i++) { __agen A = i; a = (-n + p)[A]; } }");
+  EXPECT_EQ(curr_vkernel->vcmds.at(0)->blocks.back()->instrs.front()->lvalue()->addr->text,
+            "-n+(uchar *)p");
+}
+
+TEST(ZeltParseAnalysis, UnaryFactorsOfStridesKeepTheirSign) {
+  const PARSE_RESULT r = parse_text(
+      "void k(__vptr_int16 p, int n, int w) { __vector a;\n"
+      " for (int i = 0; i < n; i++) {\n"
+      "  __agen A = i*(-w), B = (*w)*i, C = i*&w, D = i*~w, E = i*!w, F = i*-(w + 1);\n"
+      "  a = p[A]; } }");
+  ASSERT_EQ(r.err.find("agen"), std::string::npos) << r.err;
+  const std::pair<const char*, const char*> strides[] = {
+      {"A", "-w"}, {"B", "*w"}, {"C", "&w"}, {"D", "~w"}, {"E", "!w"}, {"F", "-(w+1)"}};
+  for (const auto& [name, text] : strides) {
+    const AGEN* agen = inner_agen(name);
+    ASSERT_NE(agen, nullptr) << name;
+    ASSERT_NE(agen->strides[1], nullptr) << name;
+    EXPECT_EQ(agen->strides[1]->text, text) << name;
+  }
+}
+
 }  // namespace
