@@ -214,9 +214,8 @@ void VKERNEL::format_header_file() {
   format_function_signature(out, true);
   out << ";\n\n/* Custom Runner Function */\n";
   format_function_signature(out, false);
-  out << ";\n\n/* Parameter Block Initialization Function */\n"
-      << "unsigned int " << name;
-  parms.format_declarations(pblock_name, out, false, true, cpp_out);
+  out << ";\n\n/* Parameter Block Initialization Function */\n";
+  format_init_sig(out);
   out << ";\n\n";
   if (needs_update_function()) {
     out << "/* Parameter Block Update Function */\n";

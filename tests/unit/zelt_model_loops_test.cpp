@@ -219,7 +219,7 @@ TEST_F(LoopTest, HeaderLines) {
             "/* Custom Runner Function */\n"
             "void k_custom(\n   int n,\n   unsigned short pblock[]);\n\n"
             "/* Parameter Block Initialization Function */\n"
-            "unsigned int k(\n   int n,\n   unsigned short pblock[]);\n\n"
+            "unsigned int k_init(\n   int n,\n   unsigned short pblock[]);\n\n"
             "/* ZELT VLOOP Execution Function */\n"
             "void k_vloops(\n   unsigned short pblock[]);\n\n"
             "/* Parameter Register Count */\n"

@@ -14,7 +14,7 @@ void k_custom(
    unsigned short pblock[]);
 
 /* Parameter Block Initialization Function */
-unsigned int k(
+unsigned int k_init(
    int n,
    unsigned short pblock[]);
 

@@ -18,7 +18,7 @@ void repeat_const_custom(
    unsigned short pblock[]);
 
 /* Parameter Block Initialization Function */
-unsigned int repeat_const(
+unsigned int repeat_const_init(
    __vptr_int16 x,
    __vptr_int16 y,
    int n,
@@ -53,7 +53,7 @@ void repeat_runtime_custom(
    unsigned short pblock[]);
 
 /* Parameter Block Initialization Function */
-unsigned int repeat_runtime(
+unsigned int repeat_runtime_init(
    __vptr_int16 x,
    __vptr_int16 y,
    int n,
@@ -90,7 +90,7 @@ void early_exit_custom(
    unsigned short pblock[]);
 
 /* Parameter Block Initialization Function */
-unsigned int early_exit(
+unsigned int early_exit_init(
    __vptr_int16 x,
    int n,
    unsigned short pblock[]);

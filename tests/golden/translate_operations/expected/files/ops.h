@@ -18,7 +18,7 @@ void unary_binary_custom(
    unsigned short pblock[]);
 
 /* Parameter Block Initialization Function */
-unsigned int unary_binary(
+unsigned int unary_binary_init(
    __vptr_int16 x,
    __vptr_int16 y,
    int n,
@@ -49,7 +49,7 @@ void three_sources_custom(
    unsigned short pblock[]);
 
 /* Parameter Block Initialization Function */
-unsigned int three_sources(
+unsigned int three_sources_init(
    __vptr_int16 x,
    __vptr_int16 y,
    int n,
@@ -80,7 +80,7 @@ void pairs_custom(
    unsigned short pblock[]);
 
 /* Parameter Block Initialization Function */
-unsigned int pairs(
+unsigned int pairs_init(
    __vptr_int16 x,
    __vptr_int16 y,
    int n,

@@ -24,7 +24,7 @@ void vadd_custom(
    unsigned short pblock[]);
 
 /* Parameter Block Initialization Function */
-unsigned int vadd(
+unsigned int vadd_init(
    __vptr_int16 a,
    __vptr_int16 b,
    __vptr_int16 sum,
