@@ -95,6 +95,7 @@ ANTLR_INTERFACE::ANTLR_INTERFACE(std::string& text, const char* file_name) : sou
   parser_rec->reportError = reportError;
   lexer_rec->displayRecognitionError = displayRecognitionErrorLex;
   parser_rec->displayRecognitionError = displayRecognitionError;
+  parser_rec->recoverFromMismatchedToken = recoverFromMismatchedToken;
 }
 
 ANTLR_INTERFACE::~ANTLR_INTERFACE() {
@@ -157,6 +158,43 @@ void ANTLR_INTERFACE::reportError(pANTLR3_BASE_RECOGNIZER recognizer) {
   if (state->exception) state->exception->freeEx(state->exception);
   state->exception = nullptr;
   state->error = ANTLR3_FALSE;
+}
+
+// The runtime's three ways out of a mismatch, with the runtime's own steps:
+// drop one unwanted token when the expected one follows it; take a missing
+// token as present when what follows fits; otherwise leave the error to the
+// rule, whose handler reports it and resynchronises.  Whichever way is taken,
+// the report names the token found and the one expected, so a token taken as
+// present is reported as the mismatch it is.
+void* ANTLR_INTERFACE::recoverFromMismatchedToken(pANTLR3_BASE_RECOGNIZER recognizer,
+                                                  ANTLR3_UINT32 expected,
+                                                  pANTLR3_BITSET_LIST follow) {
+  pANTLR3_INT_STREAM input = static_cast<pANTLR3_PARSER>(recognizer->super)->tstream->istream;
+  pANTLR3_RECOGNIZER_SHARED_STATE state = recognizer->state;
+  antlr3MTExceptionNew(recognizer);
+  state->exception->expecting = expected;
+
+  if (recognizer->mismatchIsUnwantedToken(recognizer, input, expected)) {
+    state->exception->type = ANTLR3_UNWANTED_TOKEN_EXCEPTION;
+    state->exception->name = const_cast<char*>(ANTLR3_UNWANTED_TOKEN_EXCEPTION_NAME);
+    recognizer->beginResync(recognizer);
+    input->consume(input);
+    recognizer->endResync(recognizer);
+    recognizer->reportError(recognizer);
+    void* matched = recognizer->getCurrentInputSymbol(recognizer, input);
+    input->consume(input);
+    state->error = ANTLR3_FALSE;
+    return matched;
+  }
+  if (recognizer->mismatchIsMissingToken(recognizer, input, follow)) {
+    void* missing =
+        recognizer->getMissingSymbol(recognizer, input, state->exception, expected, follow);
+    recognizer->reportError(recognizer);
+    state->error = ANTLR3_FALSE;
+    return missing;
+  }
+  state->error = ANTLR3_TRUE;
+  return nullptr;
 }
 
 void ANTLR_INTERFACE::displayRecognitionError(pANTLR3_BASE_RECOGNIZER recognizer,

@@ -47,6 +47,9 @@ class ANTLR_INTERFACE {
                                       pANTLR3_UINT8* token_names);
   static void displayRecognitionErrorLex(pANTLR3_BASE_RECOGNIZER recognizer,
                                          pANTLR3_UINT8* token_names);
+  // The parser's recovery from a token other than the one expected.
+  static void* recoverFromMismatchedToken(pANTLR3_BASE_RECOGNIZER recognizer,
+                                          ANTLR3_UINT32 expected, pANTLR3_BITSET_LIST follow);
 
   // The interface that owns a lexer or parser recogniser, or null.
   static ANTLR_INTERFACE* current_ai(pANTLR3_BASE_RECOGNIZER recognizer);

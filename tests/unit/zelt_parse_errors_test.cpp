@@ -8,15 +8,27 @@ namespace {
 
 TEST(ZeltParseErrors, MissingSemicolonNamesTheToken) {
   const PARSE_RESULT r = parse_text("void k() {\n  __vector a\n  __vector b;\n}\n");
-  EXPECT_EQ(r.err, "\"k.zc\", line 3: error: syntax error - expected ';'\n");
+  EXPECT_EQ(r.err, "\"k.zc\", line 3: error: syntax error near '__vector' - expected ';'\n");
   EXPECT_EQ(r.errors, 1);
+}
+
+TEST(ZeltParseErrors, MismatchedTokenNamesFoundAndExpected) {
+  EXPECT_EQ(parse_text("void f(int ;) { __vector a; }").err,
+            "\"k.zc\", line 1: error: syntax error near ';' - expected IDENTIFIER\n");
+  EXPECT_EQ(parse_text("void k(void) { __vector a; }").err,
+            "\"k.zc\", line 1: error: syntax error near ')' - expected IDENTIFIER\n");
+  EXPECT_EQ(parse_text("void f(int n {\n __vector a;\n}").err,
+            "\"k.zc\", line 1: error: syntax error near '{' - expected ')'\n");
+  EXPECT_EQ(parse_text("void f(int n) {\n __vector a;\n for (int i = 0; i < n i++) { a = 0; }\n}").err,
+            "\"k.zc\", line 3: error: syntax error near 'i' - expected ';'\n");
+  // One unwanted token is dropped, and named with what was expected.
+  EXPECT_EQ(parse_text("void f(int n) { __vector a; a = 0; } }").err,
+            "\"k.zc\", line 1: error: syntax error near '}' - expected end-of-file\n");
 }
 
 TEST(ZeltParseErrors, TokenFittingNoAlternativeGivesNearTextOnly) {
   EXPECT_EQ(parse_text("void k() { ] }").err, "\"k.zc\", line 1: error: syntax error near ']'\n");
   EXPECT_EQ(parse_text("void k() { }").err, "\"k.zc\", line 1: error: syntax error near '}'\n");
-  EXPECT_EQ(parse_text("void k(void) { __vector a; }").err,
-            "\"k.zc\", line 1: error: syntax error near ')'\n");
   EXPECT_EQ(parse_text("void k(int x[N]) { __vector a; }").err,
             "\"k.zc\", line 1: error: syntax error near '['\n");
   EXPECT_EQ(parse_text("void k() { __vector a; a = 1.5; }").err,
@@ -24,11 +36,16 @@ TEST(ZeltParseErrors, TokenFittingNoAlternativeGivesNearTextOnly) {
 }
 
 TEST(ZeltParseErrors, EndOfInput) {
-  EXPECT_EQ(parse_text("").err, "\"k.zc\", line 1: error: syntax error at end-of-file\n");
+  EXPECT_EQ(parse_text("").err,
+            "\"k.zc\", line 1: error: syntax error at end-of-file - expected 'void'\n");
   EXPECT_EQ(parse_text("void k() {\n for (int i = 0; i < 4; i++) {\n").err,
             "\"k.zc\", line 3: error: syntax error at end-of-file\n");
+  EXPECT_EQ(parse_text("void k() {\n __vector a;\n for (int i = 0; i < 4; i++) {\n  a = 0;\n").err,
+            "\"k.zc\", line 5: error: syntax error at end-of-file - expected '}'\n");
   EXPECT_EQ(parse_text("void k() { __vector a; } int").err,
             "\"k.zc\", line 1: error: syntax error near 'int' - expected end-of-file\n");
+  EXPECT_EQ(parse_text("void k() { __vector a; }\nint x;\n").err,
+            "\"k.zc\", line 2: error: syntax error near 'int' - expected end-of-file\n");
 }
 
 TEST(ZeltParseErrors, LineCommandsSetFileAndLine) {
