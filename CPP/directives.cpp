@@ -116,12 +116,11 @@ void CPP_IMPL::pp_directive(int id) {
   expand = true;
 }
 
-// The directive's text from its first operand to the line end.
+// The directive's text from its first operand up to the line feed; a
+// carriage return before it is part of the text.
 std::string CPP_IMPL::directive_rest() const {
   const char* s = line_buf + tokens[2].offset;
-  size_t n = std::strcspn(s, "\n");
-  if (n > 0 && s[n - 1] == '\r') --n;
-  return std::string(s, n);
+  return std::string(s, std::strcspn(s, "\n"));
 }
 
 // The texts of the tokens from `first` on, with macros expanded, joined.

@@ -84,6 +84,10 @@ TEST(CppDirectives, ErrorAndWarnGoOn) {
             "\"t.k\", line 2: warning: #warn 'careful '\n"  // "//" cut the line
             "\"t.k\", line 3: error: #error ''\n");
   EXPECT_EQ(r.text, "#line 4 \"t.k\"\nx\n");
+  // A carriage return before the line feed belongs to the rest of the line.
+  EXPECT_EQ(run_cpp("#error stop here\r\n#warn careful \r\n").all_messages(),
+            "\"t.k\", line 1: error: #error 'stop here\r'\n"
+            "\"t.k\", line 2: warning: #warn 'careful \r'\n");
 }
 
 TEST(CppDirectives, PragmaPassesWithMacrosExpanded) {
