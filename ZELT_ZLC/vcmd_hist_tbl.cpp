@@ -99,39 +99,26 @@ void VCMD_HIST::add_hist_update(const DIAG_SRCINFO& srcinfo, VREG* data, VREG* w
   curr_instr = hup;
 }
 
-void VCMD_HIST::refuse(const DIAG_SRCINFO& srcinfo) {
+void VCMD_HIST::refuse() {
   curr_instr = nullptr;
-  DIAG::zlc_hist_unsupported().set_src(&srcinfo).report();
+  DIAG::zlc_hist_unsupported().report();
 }
 
-void VCMD_HIST::new_vstore(const DIAG_SRCINFO& srcinfo) { refuse(srcinfo); }
+void VCMD_HIST::new_vstore(const DIAG_SRCINFO&) { refuse(); }
 
-void VCMD_HIST::new_collate_vstore(const DIAG_SRCINFO& srcinfo, VREG* pred) {
-  (void)pred;
-  refuse(srcinfo);
+void VCMD_HIST::new_collate_vstore(const DIAG_SRCINFO&, VREG*) { refuse(); }
+
+void VCMD_HIST::new_vop(const DIAG_SRCINFO&, const std::string&, VREG*, VREG*, VREG*, VREG*) {
+  refuse();
 }
 
-void VCMD_HIST::new_vop(const DIAG_SRCINFO& srcinfo, const std::string& name, VREG* dst,
-                        VREG* src1, VREG* src2, VREG* src3) {
-  (void)name, (void)dst, (void)src1, (void)src2, (void)src3;
-  refuse(srcinfo);
-}
+void VCMD_HIST::new_vop2d(const DIAG_SRCINFO&, const std::string&, VREG*, VREG*) { refuse(); }
 
-void VCMD_HIST::new_vop2d(const DIAG_SRCINFO& srcinfo, const std::string& name, VREG* src1,
-                          VREG* src2) {
-  (void)name, (void)src1, (void)src2;
-  refuse(srcinfo);
-}
+void VCMD_HIST::new_vmove(const DIAG_SRCINFO&, VREG*, VREG*) { refuse(); }
 
-void VCMD_HIST::new_vmove(const DIAG_SRCINFO& srcinfo, VREG* dst, VREG* src) {
-  (void)dst, (void)src;
-  refuse(srcinfo);
-}
-
-void VCMD_HIST::new_vexit(const DIAG_SRCINFO& srcinfo, const std::string& label, VREG* vreg,
-                          const VPEXPR* index, const VPEXPR* rhs) {
-  (void)label, (void)vreg, (void)index, (void)rhs;
-  refuse(srcinfo);
+void VCMD_HIST::new_vexit(const DIAG_SRCINFO&, const std::string&, VREG*, const VPEXPR*,
+                          const VPEXPR*) {
+  refuse();
 }
 
 VCMD_TBL::VCMD_TBL(VKERNEL& kernel, const VPEXPR* table_count, const VPEXPR* points,
@@ -168,40 +155,24 @@ void VCMD_TBL::set_vstore_pred(VREG* pred) {
   VCMD::set_vstore_pred(pred);
 }
 
-void VCMD_TBL::refuse(const DIAG_SRCINFO& srcinfo) {
+void VCMD_TBL::refuse() {
   curr_instr = nullptr;
-  DIAG::zlc_table_unsupported().set_src(&srcinfo).report();
+  DIAG::zlc_table_unsupported().report();
 }
 
-void VCMD_TBL::new_vinit(const DIAG_SRCINFO& srcinfo, const VPEXPR* value) {
-  (void)value;
-  refuse(srcinfo);
+void VCMD_TBL::new_vinit(const DIAG_SRCINFO&, const VPEXPR*) { refuse(); }
+
+void VCMD_TBL::new_collate_vstore(const DIAG_SRCINFO&, VREG*) { refuse(); }
+
+void VCMD_TBL::new_vop(const DIAG_SRCINFO&, const std::string&, VREG*, VREG*, VREG*, VREG*) {
+  refuse();
 }
 
-void VCMD_TBL::new_collate_vstore(const DIAG_SRCINFO& srcinfo, VREG* pred) {
-  (void)pred;
-  refuse(srcinfo);
-}
+void VCMD_TBL::new_vop2d(const DIAG_SRCINFO&, const std::string&, VREG*, VREG*) { refuse(); }
 
-void VCMD_TBL::new_vop(const DIAG_SRCINFO& srcinfo, const std::string& name, VREG* dst,
-                       VREG* src1, VREG* src2, VREG* src3) {
-  (void)name, (void)dst, (void)src1, (void)src2, (void)src3;
-  refuse(srcinfo);
-}
+void VCMD_TBL::new_vmove(const DIAG_SRCINFO&, VREG*, VREG*) { refuse(); }
 
-void VCMD_TBL::new_vop2d(const DIAG_SRCINFO& srcinfo, const std::string& name, VREG* src1,
-                         VREG* src2) {
-  (void)name, (void)src1, (void)src2;
-  refuse(srcinfo);
-}
-
-void VCMD_TBL::new_vmove(const DIAG_SRCINFO& srcinfo, VREG* dst, VREG* src) {
-  (void)dst, (void)src;
-  refuse(srcinfo);
-}
-
-void VCMD_TBL::new_vexit(const DIAG_SRCINFO& srcinfo, const std::string& label, VREG* vreg,
-                         const VPEXPR* index, const VPEXPR* rhs) {
-  (void)label, (void)vreg, (void)index, (void)rhs;
-  refuse(srcinfo);
+void VCMD_TBL::new_vexit(const DIAG_SRCINFO&, const std::string&, VREG*, const VPEXPR*,
+                         const VPEXPR*) {
+  refuse();
 }

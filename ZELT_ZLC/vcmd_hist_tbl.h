@@ -34,8 +34,9 @@ class VCMD_HIST : public VCMD {
   const VPEXPR* table_size;  // null when not given
 
  private:
-  // Reports a statement that histogram loops don't take.
-  void refuse(const DIAG_SRCINFO& srcinfo);
+  // Reports a statement that histogram loops don't take; the message names
+  // the loop kind and carries no position.
+  void refuse();
 };
 
 class VCMD_TBL : public VCMD {
@@ -69,8 +70,9 @@ class VCMD_TBL : public VCMD {
   const VPEXPR* table_size;  // null when not given
 
  private:
-  // Reports a statement that table lookup loops don't take.
-  void refuse(const DIAG_SRCINFO& srcinfo);
+  // Reports a statement that table lookup loops don't take, without a
+  // position like its histogram counterpart.
+  void refuse();
 };
 
 #endif

@@ -145,13 +145,13 @@ TEST_F(SpecialTest, StatementsRefusedByEachLoopKind) {
             "   loop\n"
             "\"k.zc\", line 3: error: table lookup instructions are not allowed in the this\n"
             "   loop\n"
-            "\"k.zc\", line 5: error: histogram loops do not support this instruction\n"
-            "\"k.zc\", line 6: error: histogram loops do not support this instruction\n"
-            "\"k.zc\", line 7: error: histogram loops do not support this instruction\n"
+            "error: histogram loops do not support this instruction\n"
+            "error: histogram loops do not support this instruction\n"
+            "error: histogram loops do not support this instruction\n"
             "\"k.zc\", line 8: error: table lookup instructions are not allowed in the this\n"
             "   loop\n"
-            "\"k.zc\", line 10: error: table lookup loops do not support this instruction\n"
-            "\"k.zc\", line 11: error: table lookup loops do not support this instruction\n"
+            "error: table lookup loops do not support this instruction\n"
+            "error: table lookup loops do not support this instruction\n"
             "\"k.zc\", line 12: error: histogram instructions are not allowed in this loop\n");
 }
 
