@@ -733,6 +733,8 @@ type_spec
   | UNS_TYPE
   ;
 
+// An imaginary node made from a token names the token and its text: given
+// the token alone, the C target would take the token itself for the text.
 unary_pexpression
   : SIZEOF^ unary_pexpression
   | NOTB^ cast_expression

@@ -19,7 +19,8 @@ TEST(ZeltParseErrors, MismatchedTokenNamesFoundAndExpected) {
             "\"k.zc\", line 1: error: syntax error near ')' - expected IDENTIFIER\n");
   EXPECT_EQ(parse_text("void f(int n {\n __vector a;\n}").err,
             "\"k.zc\", line 1: error: syntax error near '{' - expected ')'\n");
-  EXPECT_EQ(parse_text("void f(int n) {\n __vector a;\n for (int i = 0; i < n i++) { a = 0; }\n}").err,
+  EXPECT_EQ(parse_text("void f(int n) {\n __vector a;\n"
+                       " for (int i = 0; i < n i++) { a = 0; }\n}").err,
             "\"k.zc\", line 3: error: syntax error near 'i' - expected ';'\n");
   // One unwanted token is dropped, and named with what was expected.
   EXPECT_EQ(parse_text("void f(int n) { __vector a; a = 0; } }").err,
@@ -40,7 +41,7 @@ TEST(ZeltParseErrors, EndOfInput) {
             "\"k.zc\", line 1: error: syntax error at end-of-file - expected 'void'\n");
   EXPECT_EQ(parse_text("void k() {\n for (int i = 0; i < 4; i++) {\n").err,
             "\"k.zc\", line 3: error: syntax error at end-of-file\n");
-  EXPECT_EQ(parse_text("void k() {\n __vector a;\n for (int i = 0; i < 4; i++) {\n  a = 0;\n").err,
+  EXPECT_EQ(parse_text("void k() {\n __vector a;\n for (int i = 0; i < 4; i++) {\n a = 0;\n").err,
             "\"k.zc\", line 5: error: syntax error at end-of-file - expected '}'\n");
   EXPECT_EQ(parse_text("void k() { __vector a; } int").err,
             "\"k.zc\", line 1: error: syntax error near 'int' - expected end-of-file\n");
