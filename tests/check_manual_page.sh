@@ -20,7 +20,7 @@ page_spellings=$(awk '
   /^\.SH / { in_options = ($2 == "OPTIONS"); next }
   in_options && tag { print; tag = 0; next }
   in_options && /^\.TP/ { tag = 1 }
-' "$page" | sed -e 's/\\fI[^\\]*\\fP//g' -e 's/\\f[BIRP]//g' -e 's/\\-/-/g' \
+' "$page" | sed -e 's/^\.[BI]R\? //' -e 's/\\fI[^\\]*\\fP//g' -e 's/\\f[BIRP]//g' -e 's/\\-/-/g' \
                -e 's/\[[^]]*\]//g' -e 's/, /\n/g' | sed 's/=$//' | sort)
 
 missing=$(comm -23 <(echo "$table") <(echo "$page_spellings"))
