@@ -4,6 +4,7 @@
 #include "translate/ssa.h"
 
 #include <algorithm>
+#include <map>
 
 #include "translate/tcmd.h"
 #include "translate/tinstr.h"
@@ -14,11 +15,75 @@ uint32_t NODE::id_counter = 0;
 
 NODE::NODE(TINSTR* instr, int32_t dst_index) : instr(instr), id(id_counter++), dst_index(dst_index) {}
 
+namespace {
+
+// Sets of blocks as rows of flags over the places of the blocks in their
+// list, so that the iterations allocate nothing per member.
+using ROW = std::vector<bool>;
+using ROWS = std::vector<ROW>;
+constexpr size_t no_place = static_cast<size_t>(-1);
+
+// The dominators of each place; a predecessor outside the list counts as
+// dominated by nothing.
+ROWS dominator_rows(const std::vector<BBLOCK*>& blocks) {
+  const size_t n = blocks.size();
+  std::map<const BBLOCK*, size_t> place;
+  for (size_t i = 0; i < n; ++i) place.emplace(blocks[i], i);
+  ROWS doms(n, ROW(n, true));
+  if (n == 0) return doms;
+  doms[0].assign(n, false);
+  doms[0][0] = true;
+  for (bool changed = true; changed;) {
+    changed = false;
+    for (size_t b = 1; b < n; ++b) {
+      ROW next(n, true);
+      for (const BBLOCK* pred : blocks[b]->pred) {
+        auto it = place.find(pred);
+        for (size_t i = 0; i < n; ++i) next[i] = next[i] && it != place.end() && doms[it->second][i];
+      }
+      next[b] = true;
+      if (next != doms[b]) {
+        doms[b] = std::move(next);
+        changed = true;
+      }
+    }
+  }
+  return doms;
+}
+
+// The place of each block's immediate dominator, no_place for the entry.
+std::vector<size_t> idom_places(const std::vector<BBLOCK*>& blocks, ROWS strict) {
+  const size_t n = blocks.size();
+  for (size_t i = 0; i < n; ++i) strict[i][i] = false;
+  std::vector<size_t> idoms(n, no_place);
+  for (size_t b = 1; b < n; ++b) {
+    std::vector<size_t> snapshot;
+    for (size_t i = 0; i < n; ++i)
+      if (strict[b][i]) snapshot.push_back(i);
+    // A dominator that dominates another dominator is not the immediate one.
+    for (size_t d1 : snapshot)
+      for (size_t d2 : snapshot)
+        if (d1 != d2 && strict[d1][d2]) strict[b][d2] = false;
+    for (size_t i = 0; i < n; ++i)
+      if (strict[b][i] && (idoms[b] == no_place || blocks[i]->id < blocks[idoms[b]]->id))
+        idoms[b] = i;
+  }
+  return idoms;
+}
+
+IDOMS idom_map(const std::vector<BBLOCK*>& blocks, const std::vector<size_t>& places) {
+  IDOMS idoms;
+  for (size_t b = 0; b < blocks.size(); ++b)
+    if (places[b] != no_place) idoms[blocks[b]] = blocks[places[b]];
+  return idoms;
+}
+
+}  // namespace
+
 GRAPH::GRAPH(TCMD* tcmd) : tcmd(tcmd) {
   const std::vector<BBLOCK*>& blocks = tcmd->blocks;
   if (blocks.empty()) return;
-  BLOCK_SETS doms = compute_doms(blocks);
-  IDOMS idoms = compute_idoms(blocks, doms);
+  IDOMS idoms = idom_map(blocks, idom_places(blocks, dominator_rows(blocks)));
   insert_phi_nodes(compute_dom_frontiers(blocks, idoms));
   STACKS stacks;
   rename(blocks.front(), stacks, idoms);
@@ -27,49 +92,22 @@ GRAPH::GRAPH(TCMD* tcmd) : tcmd(tcmd) {
 }
 
 BLOCK_SETS GRAPH::compute_doms(const std::vector<BBLOCK*>& blocks) {
+  const ROWS rows = dominator_rows(blocks);
   BLOCK_SETS doms;
-  if (blocks.empty()) return doms;
-  const BLOCK_SET all(blocks.begin(), blocks.end());
-  BBLOCK* entry = blocks.front();
-  for (BBLOCK* block : blocks) doms[block] = block == entry ? BLOCK_SET{entry} : all;
-  for (bool changed = true; changed;) {
-    changed = false;
-    for (BBLOCK* block : blocks) {
-      if (block == entry) continue;
-      BLOCK_SET next = all;
-      for (BBLOCK* pred : block->pred) {
-        BLOCK_SET meet;
-        const BLOCK_SET& of_pred = doms[pred];
-        std::set_intersection(next.begin(), next.end(), of_pred.begin(), of_pred.end(),
-                              std::inserter(meet, meet.end()), BLOCK_ORDER());
-        next = std::move(meet);
-      }
-      next.insert(block);
-      if (next != doms[block]) {
-        doms[block] = std::move(next);
-        changed = true;
-      }
-    }
-  }
+  for (size_t b = 0; b < blocks.size(); ++b)
+    for (size_t i = 0; i < blocks.size(); ++i)
+      if (rows[b][i]) doms[blocks[b]].insert(blocks[i]);
   return doms;
 }
 
 IDOMS GRAPH::compute_idoms(const std::vector<BBLOCK*>& blocks, const BLOCK_SETS& doms) {
-  BLOCK_SETS strict = doms;
-  for (auto& [block, set] : strict) set.erase(block);
-  IDOMS idoms;
-  if (blocks.empty()) return idoms;
-  for (BBLOCK* block : blocks) {
-    if (block == blocks.front()) continue;
-    BLOCK_SET& set = strict[block];
-    const BLOCK_SET snapshot = set;
-    // A dominator that dominates another dominator is not the immediate one.
-    for (BBLOCK* d1 : snapshot)
-      for (BBLOCK* d2 : snapshot)
-        if (d1 != d2 && strict[d1].count(d2)) set.erase(d2);
-    if (!set.empty()) idoms[block] = *set.begin();
+  ROWS rows(blocks.size(), ROW(blocks.size(), false));
+  for (size_t b = 0; b < blocks.size(); ++b) {
+    auto of_block = doms.find(blocks[b]);
+    if (of_block == doms.end()) continue;
+    for (size_t i = 0; i < blocks.size(); ++i) rows[b][i] = of_block->second.count(blocks[i]) != 0;
   }
-  return idoms;
+  return idom_map(blocks, idom_places(blocks, std::move(rows)));
 }
 
 BLOCK_SETS GRAPH::compute_dom_frontiers(const std::vector<BBLOCK*>& blocks, const IDOMS& idoms) {
@@ -90,31 +128,22 @@ BLOCK_SETS GRAPH::compute_dom_frontiers(const std::vector<BBLOCK*>& blocks, cons
   return frontiers;
 }
 
-std::set<VREG*, VREG_ORDER> GRAPH::find_global_registers() const {
-  std::set<VREG*, VREG_ORDER> regs;
-  for (const BBLOCK* block : tcmd->blocks)
-    for (const TINSTR* instr : block->instrs) {
-      for (VREG* reg : instr->src_regs())
-        if (reg) regs.insert(reg);
-      for (VREG* reg : instr->dst_regs())
-        if (reg) regs.insert(reg);
-    }
-  return regs;
-}
-
-std::vector<BBLOCK*> GRAPH::defing_blocks(const VREG* reg) const {
-  std::vector<BBLOCK*> found;
+std::map<VREG*, std::vector<BBLOCK*>, VREG_ORDER> GRAPH::defing_blocks() const {
+  std::map<VREG*, std::vector<BBLOCK*>, VREG_ORDER> defs;
   for (BBLOCK* block : tcmd->blocks)
     for (const TINSTR* instr : block->instrs) {
       std::vector<VREG*> dsts = instr->dst_regs();
-      if (std::find(dsts.begin(), dsts.end(), reg) != dsts.end()) found.push_back(block);
+      for (size_t i = 0; i < dsts.size(); ++i)
+        if (dsts[i] && std::find(dsts.begin(), dsts.begin() + i, dsts[i]) == dsts.begin() + i)
+          defs[dsts[i]].push_back(block);
     }
-  return found;
+  return defs;
 }
 
+// A register that is only read has no defining block and so no phi; the
+// registers are visited in creation order, which numbers the phis.
 void GRAPH::insert_phi_nodes(const BLOCK_SETS& frontiers) {
-  for (VREG* reg : find_global_registers()) {
-    std::vector<BBLOCK*> worklist = defing_blocks(reg);
+  for (auto& [reg, worklist] : defing_blocks()) {
     for (size_t i = 0; i < worklist.size(); ++i) {
       auto it = frontiers.find(worklist[i]);
       if (it == frontiers.end()) continue;

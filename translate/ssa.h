@@ -107,10 +107,9 @@ class GRAPH {
   using STACKS = std::map<VREG*, std::stack<NODE*>, VREG_ORDER>;
 
   void insert_phi_nodes(const BLOCK_SETS& frontiers);
-  // Every register that an instruction reads or writes.
-  std::set<VREG*, VREG_ORDER> find_global_registers() const;
-  // A block once for each instruction in it that defines `reg`.
-  std::vector<BBLOCK*> defing_blocks(const VREG* reg) const;
+  // For each register that an instruction writes, its block once for each
+  // instruction there that writes it, in block and instruction order.
+  std::map<VREG*, std::vector<BBLOCK*>, VREG_ORDER> defing_blocks() const;
   void rename(BBLOCK* block, STACKS& stacks, const IDOMS& idoms);
   void rewrite_tinstr(TINSTR* instr, int32_t dst_index, STACKS& stacks);
 };

@@ -1,5 +1,6 @@
 // Translation of histogram updates, table lookups and the stores that write
 // a table, and the setup of a loop's tables ahead of its loop nest.
+#include "DIAG/diag.h"
 #include "ZELT_ZLC/driver.h"
 #include "ZELT_ZLC/parm.h"
 #include "ZELT_ZLC/vcmd_hist_tbl.h"
@@ -26,7 +27,11 @@ void TCMD::translate_vhup(VINSTR& instr) {
   const VCMD_HIST& hist = *vhup.vcmd_hist;
   const VLVALUE* lv = vhup.lv;
   LHT_TEMPLATE* lht = lht_table.allocate_lht();
-  if (!lht) return;  // the rules allow two tables a loop
+  if (!lht) {
+    // The table memory holds two tables; a third update is refused here.
+    DIAG::zlc_hist_unsupported().set_src(&vhup.srcinfo).report();
+    return;
+  }
   lht->kind = LHT_TEMPLATE::HISTOGRAM;
   auto* table = new TEXPR(*this, "void*", lv->addr);
   TEXPR* user_size = hist.table_size ? new TEXPR(*this, "uint32_t", hist.table_size) : nullptr;
@@ -48,7 +53,11 @@ void TCMD::translate_vtld(VINSTR& instr) {
   const VCMD_TBL& tbl = *vtld.vcmd_tbl;
   const VLVALUE* lv = vtld.lv;
   LHT_TEMPLATE* lht = lht_table.allocate_lht();
-  if (!lht) return;  // the rules allow two tables a loop
+  if (!lht) {
+    // The table memory holds two tables; a third lookup is refused here.
+    DIAG::zlc_table_unsupported().set_src(&vtld.srcinfo).report();
+    return;
+  }
   lht->kind = LHT_TEMPLATE::LOOKUP;
   auto* table = new TEXPR(*this, "void*", lv->addr);
   TEXPR* user_size = tbl.table_size ? new TEXPR(*this, "uint32_t", tbl.table_size) : nullptr;
