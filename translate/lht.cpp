@@ -6,7 +6,6 @@
 #include <bit>
 
 #include "ZELT_ZLC/driver.h"
-#include "ZELT_ZLC/parm.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "translate/loop.h"
 #include "translate/tcmd.h"

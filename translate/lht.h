@@ -25,7 +25,6 @@ class SREG;
 class TCMD;
 class TEXPR;
 class VAL_RANGES;
-class VPEXPR;
 class VREG;
 
 class LHT_TEMPLATE {

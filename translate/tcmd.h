@@ -17,7 +17,6 @@
 
 class AGEN;
 class TKERNEL;
-class TVSTORE;
 class VAL_RANGES;
 class VCMD;
 class VINSTR;
