@@ -3,7 +3,9 @@
 #include "translate/tkernel.h"
 
 #include "ZELT_ZLC/vcmd.h"
+#include "translate/ssa.h"
 #include "translate/tcmd.h"
+#include "translate/val_ranges.h"
 
 TKERNEL::TKERNEL(std::ostream& outfile, std::ostream& header_file)
     : VKERNEL(outfile, header_file), scope(this) {}
@@ -22,9 +24,12 @@ void TKERNEL::translate_vcmd(VCMD* vcmd) {
   auto* cmd = new TCMD(*this, vcmd);
   tcmds.push_back(cmd);
   cmd->translate_vblock(&vcmd->root, &cmd->root_loop);
-  // The SSA graph and the value ranges over it plug in here: saturations
-  // that the ranges prove needless are marked, then the lookup and
-  // histogram tables are set up.  Without ranges every saturation stays.
+  // The graph and the ranges live for this loop only: the ranges of the
+  // values decide which saturations go and how large the tables are.
+  SSA::GRAPH graph(cmd);
+  VAL_RANGES ranges(graph);
+  cmd->mark_unneeded_saturates(graph, ranges);
+  cmd->lht_setup(ranges);
   cmd->analyze_addressing();
 }
 
