@@ -92,8 +92,10 @@ void TCMD::set_scatter_table(LHT_TEMPLATE& lht, const VSTORE& vstore) {
 }
 
 void TCMD::lht_setup(VAL_RANGES& ranges) {
+  // Tables are set up ahead of the loop nest; a loop body without a nested
+  // loop sets them up at its own entry, where its values are in scope.
   LOOP* nest = top_loop->nested_loop();
-  BBLOCK* anchor = nest ? nest->init_block : top_loop->init_block;
+  BBLOCK* anchor = nest ? nest->init_block : top_loop->entry_block;
   for (auto& owned : lht_table.templates) {
     LHT_TEMPLATE& lht = *owned;
     if (!lht.in_use) continue;
