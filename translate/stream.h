@@ -16,8 +16,13 @@
 
 class AGEN;
 class TCMD;
+class register_option;
 class TEXPR;
 class VPEXPR;
+
+// Stops engines and address generators alike, and with them the transpose
+// transformation.
+extern register_option disable_se;
 
 class STREAM_TEMPLATE {
  public:
