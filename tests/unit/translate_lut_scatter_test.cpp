@@ -36,8 +36,9 @@ class LutScatterTest : public testing::Test {
   static TCMD* tcmd() { return static_cast<TKERNEL*>(curr_vkernel)->tcmds.at(0); }
   static std::string unnumbered(std::string text) {
     const std::string from = "loop" + std::to_string(tcmd()->id) + ".";
-    for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at))
-      text.replace(at, from.size(), "loop0.");
+    const std::string to = "loop0.";
+    for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+      text.replace(at, from.size(), to);
     return text;
   }
 };
