@@ -16,9 +16,9 @@
 
 class AGEN;
 class TCMD;
-class register_option;
 class TEXPR;
 class VPEXPR;
+class register_option;
 
 // Stops engines and address generators alike, and with them the transpose
 // transformation.
