@@ -3,6 +3,8 @@
 #include "translate/tkernel.h"
 
 #include "ZELT_ZLC/vcmd.h"
+#include "translate/lut_scatter.h"
+#include "translate/q9k_transpose.h"
 #include "translate/ssa.h"
 #include "translate/tcmd.h"
 #include "translate/val_ranges.h"
@@ -14,9 +16,11 @@ VKERNEL* new_translation_kernel(std::ostream& outfile, std::ostream& header_file
   return new TKERNEL(outfile, header_file);
 }
 
-// The transpose and table scatter rewrites of the model come first, once
-// they exist; each vector loop is then translated in source order.
+// The transpose and table scatter rewrites of the model come first; each
+// vector loop is then translated in source order.
 void TKERNEL::translate_for_9k() {
+  do_transpose_transformation(this);
+  do_lut_scatter_transformation(this);
   for (VCMD* vcmd : vcmds) translate_vcmd(vcmd);
 }
 
