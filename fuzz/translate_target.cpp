@@ -19,10 +19,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <set>
@@ -64,6 +66,7 @@ void setup() {
     std::abort();
   }
   work_dir = dir;
+  std::atexit([] { std::filesystem::remove_all(work_dir); });
   if (size_t n = coverage_counter_count()) {
     void* shared = mmap(nullptr, n, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
     if (shared == MAP_FAILED) {
@@ -119,6 +122,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   std::ofstream(work_dir + "/k.k", std::ios::binary) << source;
   std::vector<std::string> words = command_line(source);
 
+  // A child that ends through the fault handler copies nothing back: then
+  // the counters stay as they were before the run.
+  if (shared_counters) std::memcpy(shared_counters, coverage_counters(), coverage_counter_count());
   std::fflush(nullptr);
   const pid_t child = fork();
   if (child < 0) {
@@ -127,7 +133,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   }
   if (child == 0) run_child(std::move(words));
   int status = 0;
-  while (waitpid(child, &status, 0) < 0) {
+  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
   }
   if (shared_counters) std::memcpy(coverage_counters(), shared_counters, coverage_counter_count());
 
