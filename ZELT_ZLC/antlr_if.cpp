@@ -2,6 +2,7 @@
 // keeps one input stream per file name, and turns recognition errors into
 // the translator's messages.
 #include "ZELT_ZLC/antlr_if.h"
+#include "ZELT_ZLC/antlr_rule_text.h"
 
 #include <algorithm>
 #include <cctype>
@@ -85,6 +86,7 @@ ANTLR_INTERFACE::ANTLR_INTERFACE(std::string& text, const char* file_name) : sou
   check_setup(lexer);
   token_stream = antlr3CommonTokenStreamSourceNew(size_hint, TOKENSOURCE(lexer));
   check_setup(token_stream);
+  use_linear_rule_text(token_stream->tstream);
   parser = zeltParserNew(token_stream);
   check_setup(parser);
 
