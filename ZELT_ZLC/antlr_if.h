@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "DIAG/diag.h"
+#include "ZELT_ZLC/follow_union.h"
 
 struct zeltLexer_Ctx_struct;
 struct zeltParser_Ctx_struct;
@@ -50,6 +51,8 @@ class ANTLR_INTERFACE {
   // The parser's recovery from a token other than the one expected.
   static void* recoverFromMismatchedToken(pANTLR3_BASE_RECOGNIZER recognizer,
                                           ANTLR3_UINT32 expected, pANTLR3_BITSET_LIST follow);
+  // The union of the follow stack for error recovery, kept between calls.
+  static pANTLR3_BITSET combineFollows(pANTLR3_BASE_RECOGNIZER recognizer, ANTLR3_BOOLEAN exact);
 
   // The interface that owns a lexer or parser recogniser, or null.
   static ANTLR_INTERFACE* current_ai(pANTLR3_BASE_RECOGNIZER recognizer);
@@ -62,6 +65,8 @@ class ANTLR_INTERFACE {
   zeltParser_Ctx_struct* parser = nullptr;
   std::map<std::string, pANTLR3_INPUT_STREAM> stream_table;
   std::vector<const char*> rule_stack;
+  FOLLOW_UNION follow_union;
+  pANTLR3_BITSET (*exact_follows)(pANTLR3_BASE_RECOGNIZER, ANTLR3_BOOLEAN) = nullptr;
 };
 
 // The position of a token: its stream's name, line and column; "unknown",
