@@ -146,5 +146,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   std::fprintf(stderr, "zlc9k-fuzz: the translation ended with %s %d; its messages:\n%s\n",
                WIFEXITED(status) ? "status" : "signal",
                WIFEXITED(status) ? WEXITSTATUS(status) : WTERMSIG(status), messages.c_str());
+  // abort() skips the exit handlers, so the scratch directory goes here.
+  std::filesystem::remove_all(work_dir);
   std::abort();
 }
