@@ -85,8 +85,10 @@ ANTLR_INTERFACE::ANTLR_INTERFACE(std::string& text, const char* file_name) : sou
   check_setup(lexer);
   token_stream = antlr3CommonTokenStreamSourceNew(size_hint, TOKENSOURCE(lexer));
   check_setup(token_stream);
+  tokens = std::make_unique<TOKEN_BUFFER>(text, lexer->pLexer, token_stream);
   parser = zeltParserNew(token_stream);
   check_setup(parser);
+  parser->trees = &trees;
 
   lexer->ai = this;
   pANTLR3_BASE_RECOGNIZER lexer_rec = lexer->pLexer->rec;
@@ -106,6 +108,16 @@ ANTLR_INTERFACE::~ANTLR_INTERFACE() {
 }
 
 void ANTLR_INTERFACE::invoke() { parser->translation_unit(parser); }
+
+void ANTLR_INTERFACE::begin_statement() {
+  tokens->release_consumed();
+  trees.clear();
+}
+
+std::string ANTLR_INTERFACE::rule_text(pANTLR3_COMMON_TOKEN start,
+                                       pANTLR3_COMMON_TOKEN stop) const {
+  return tokens->text(start, stop);
+}
 
 pANTLR3_INPUT_STREAM ANTLR_INTERFACE::input_stream(const char* file_name) {
   auto it = stream_table.find(file_name);
@@ -281,7 +293,13 @@ DIAG_SRCINFO_DATA antlr_srcinfo(pANTLR3_COMMON_TOKEN token) {
 }
 
 std::string antlr_text(pANTLR3_COMMON_TOKEN token) {
-  return token ? antlr_text(token->getText(token)) : std::string();
+  return token ? std::string(TOKEN_BUFFER::chars(token)) : std::string();
+}
+
+std::string antlr_text(pANTLR3_BASE_RECOGNIZER recognizer, pANTLR3_COMMON_TOKEN start,
+                       pANTLR3_COMMON_TOKEN stop) {
+  ANTLR_INTERFACE* ai = ANTLR_INTERFACE::current_ai(recognizer);
+  return ai ? ai->rule_text(start, stop) : std::string();
 }
 
 std::string antlr_text(pANTLR3_STRING text) {
@@ -300,6 +318,10 @@ bool is_vreg(pANTLR3_COMMON_TOKEN token) {
 
 bool is_agen(pANTLR3_COMMON_TOKEN token) {
   return curr_vcmd->lookup_agen(antlr_text(token)) != nullptr;
+}
+
+void antlr_begin_statement(pANTLR3_BASE_RECOGNIZER recognizer) {
+  if (ANTLR_INTERFACE* ai = ANTLR_INTERFACE::current_ai(recognizer)) ai->begin_statement();
 }
 
 void antlr_push(pANTLR3_BASE_RECOGNIZER recognizer, const char* rule_name) {

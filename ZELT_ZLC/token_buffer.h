@@ -1,0 +1,95 @@
+// The parser's token stream.  The whole text is lexed before the parser
+// reads its first token, so that every lexer error is reported before any
+// message of the parser, as with a buffer of all tokens; but only the tokens
+// of the default channel are kept, in a compact form, and the token objects
+// that the parser sees are made in a window that is trimmed at each
+// statement.  Texts of rules are taken from the source text itself.
+#ifndef ZLC_ZELT_ZLC_TOKEN_BUFFER_H
+#define ZLC_ZELT_ZLC_TOKEN_BUFFER_H
+
+#include <antlr3.h>
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class TOKEN_BUFFER {
+ public:
+  // Serves the tokens of `lexer`, which reads `text`, through `stream`,
+  // whose operations it replaces.
+  TOKEN_BUFFER(const std::string& text, pANTLR3_LEXER lexer, pANTLR3_COMMON_TOKEN_STREAM stream);
+  TOKEN_BUFFER(const TOKEN_BUFFER&) = delete;
+  TOKEN_BUFFER& operator=(const TOKEN_BUFFER&) = delete;
+
+  // The source text from the first character of `start` to the last of
+  // `stop`, hidden tokens included and characters that the lexer skipped
+  // left out; empty when either is missing or `stop` comes first.
+  std::string text(pANTLR3_COMMON_TOKEN start, pANTLR3_COMMON_TOKEN stop) const;
+
+  // The tokens before the previous one will not be read again.
+  void release_consumed();
+
+  // The characters of a token made by the lexer, without a runtime string.
+  static std::string_view chars(pANTLR3_COMMON_TOKEN token);
+
+ private:
+  // A token of the default channel: offsets of its first and last character
+  // in the text, its position, its type and the index of its input stream.
+  struct ENTRY {
+    uint32_t start;
+    uint32_t stop;
+    uint32_t line;
+    int32_t column;
+    uint16_t type;
+    uint16_t stream;
+  };
+  // Characters between two tokens that no token covers.
+  struct GAP {
+    uint32_t first;
+    uint32_t last;
+  };
+
+  void lex_all();
+  void record(pANTLR3_COMMON_TOKEN token, pANTLR3_INPUT_STREAM input);
+  uint16_t stream_index(pANTLR3_INPUT_STREAM input);
+  pANTLR3_COMMON_TOKEN token_at(int64_t position);
+  pANTLR3_COMMON_TOKEN lt(ANTLR3_INT32 k);
+  std::string text(uint32_t first, uint32_t last) const;
+  pANTLR3_STRING runtime_string(const std::string& text) const;
+
+  static TOKEN_BUFFER& of(pANTLR3_INT_STREAM is);
+  static TOKEN_BUFFER& of(pANTLR3_TOKEN_STREAM ts);
+  static void consume(pANTLR3_INT_STREAM is);
+  static ANTLR3_UINT32 la(pANTLR3_INT_STREAM is, ANTLR3_INT32 i);
+  static ANTLR3_MARKER mark(pANTLR3_INT_STREAM is);
+  static ANTLR3_MARKER index(pANTLR3_INT_STREAM is);
+  static void rewind(pANTLR3_INT_STREAM is, ANTLR3_MARKER marker);
+  static void rewind_last(pANTLR3_INT_STREAM is);
+  static void release(pANTLR3_INT_STREAM is, ANTLR3_MARKER marker);
+  static void seek(pANTLR3_INT_STREAM is, ANTLR3_MARKER index);
+  static ANTLR3_UINT32 size(pANTLR3_INT_STREAM is);
+  static pANTLR3_COMMON_TOKEN lt(pANTLR3_TOKEN_STREAM ts, ANTLR3_INT32 k);
+  static pANTLR3_COMMON_TOKEN get(pANTLR3_TOKEN_STREAM ts, ANTLR3_UINT32 i);
+  static pANTLR3_STRING to_string_tt(pANTLR3_TOKEN_STREAM ts, pANTLR3_COMMON_TOKEN start,
+                                     pANTLR3_COMMON_TOKEN stop);
+  static pANTLR3_STRING to_string_ss(pANTLR3_TOKEN_STREAM ts, ANTLR3_UINT32 start,
+                                     ANTLR3_UINT32 stop);
+
+  const std::string& source;
+  pANTLR3_LEXER lexer;
+  pANTLR3_COMMON_TOKEN_STREAM stream;
+  bool lexed = false;
+  std::vector<ENTRY> entries;
+  std::vector<GAP> gaps;
+  std::vector<pANTLR3_INPUT_STREAM> streams;  // by first use
+  ANTLR3_COMMON_TOKEN prototype{};            // a lexer token, for the functions it carries
+  uint64_t previous_end = 0;                  // offset after the last token lexed
+  int64_t p = 0;                              // the entry of LT(1)
+  ANTLR3_MARKER last_marker = 0;
+  std::deque<ANTLR3_COMMON_TOKEN> window;     // tokens made for entries from window_base on
+  int64_t window_base = 0;
+};
+
+#endif
