@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "support/fname.h"
@@ -107,7 +108,10 @@ ANTLR_INTERFACE::~ANTLR_INTERFACE() {
   for (auto& [name, stream] : stream_table) stream->close(stream);
 }
 
-void ANTLR_INTERFACE::invoke() { parser->translation_unit(parser); }
+void ANTLR_INTERFACE::invoke() {
+  parser->translation_unit(parser);
+  KERNEL_OBJECTS::close();
+}
 
 void ANTLR_INTERFACE::begin_statement() {
   tokens->release_consumed();

@@ -54,6 +54,7 @@ void TOKEN_BUFFER::lex_all() {
   pANTLR3_TOKEN_FACTORY factory = lexer->rec->state->tokFactory;
   bool first = true;
   for (;;) {
+    skip_white_space();
     pANTLR3_COMMON_TOKEN token = source_of_tokens->nextToken(source_of_tokens);
     if (!token) break;
     if (first) {
@@ -68,6 +69,23 @@ void TOKEN_BUFFER::lex_all() {
     // next one.
     factory->reset(factory);
   }
+}
+
+// Where a token starts, a character of white space is always one hidden
+// token of its own; it is consumed here, the way the lexer would, without
+// making the token.
+void TOKEN_BUFFER::skip_white_space() {
+  pANTLR3_INPUT_STREAM input = lexer->input;
+  pANTLR3_INT_STREAM is = input->istream;
+  const auto* end = static_cast<const unsigned char*>(input->data) + input->sizeBuf;
+  for (;;) {
+    const auto* next = static_cast<const unsigned char*>(input->nextChar);
+    if (next >= end) break;
+    const unsigned char c = *next;
+    if (c != ' ' && c != '\t' && c != '\n' && c != '\f' && c != '\r') break;
+    is->consume(is);
+  }
+  previous_end = static_cast<uint64_t>(static_cast<const char*>(input->nextChar) - source.data());
 }
 
 void TOKEN_BUFFER::record(pANTLR3_COMMON_TOKEN token, pANTLR3_INPUT_STREAM input) {

@@ -52,6 +52,7 @@ class TOKEN_BUFFER {
   };
 
   void lex_all();
+  void skip_white_space();
   void record(pANTLR3_COMMON_TOKEN token, pANTLR3_INPUT_STREAM input);
   uint16_t stream_index(pANTLR3_INPUT_STREAM input);
   pANTLR3_COMMON_TOKEN token_at(int64_t position);

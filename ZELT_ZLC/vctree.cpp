@@ -10,6 +10,7 @@
 #include "ZELT_ZLC/agen.h"
 #include "ZELT_ZLC/antlr_if.h"
 #include "ZELT_ZLC/driver.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vkernel.h"
 
@@ -350,7 +351,7 @@ DIAG_SRCINFO_DATA antlr_srcinfo(const EXPR_TREE* tree) {
 }
 
 VPEXPR* build_pexpr(EXPR_TREE* tree, const std::string& text) {
-  auto* expr = new VPEXPR(text);
+  auto* expr = kernel_new<VPEXPR>(text);
   PEXPR_EVALUATOR evaluator(*expr, curr_vkernel);
   expr->value = static_cast<uint32_t>(evaluator.eval_pexpr(tree));
   return expr;
@@ -481,7 +482,7 @@ void VLVALUE_EXPR_PARSER::analyze_expr(EXPR_TREE* tree, const std::string& text)
   EXPR_TREE* node = type_of(tree) == PEXPR ? child(tree, 0) : tree;
   if (is_pointer_like(node)) {
     base = tree_pexpr(node);
-    offset = new VPEXPR(0, VPEXPR::EVAL_UNSIGNED);
+    offset = kernel_new<VPEXPR>(0, VPEXPR::EVAL_UNSIGNED);
   } else if (!is_nil(node) && type_of(node) == PLUS && node->child_count >= 2) {
     EXPR_TREE* left = child(node, 0);
     EXPR_TREE* right = child(node, 1);

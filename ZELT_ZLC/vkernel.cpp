@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "ZELT_ZLC/driver.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "options/optobj.h"
@@ -27,7 +28,7 @@ VKERNEL::VKERNEL(std::ostream& outfile, std::ostream& header_file)
     : outfile(outfile), header_file(header_file), cpp_out(option_given(option_obj::OO_CPP_OUT)) {
   for (int32_t number = 0; number < internal_vregs; ++number)
     vregs.new_vreg(srcloc_internal, "V" + std::to_string(number), number);
-  curr_vcmd = ::curr_vcmd = new VCMD(*this);
+  curr_vcmd = ::curr_vcmd = kernel_new<VCMD>(*this);
 }
 
 void VKERNEL::format() {
@@ -99,7 +100,7 @@ void VKERNEL::add_curr_vloop() {
   vcmds.push_back(curr_vcmd);
   curr_vcmd->analyze_vloop();
   vregs.revive_vregs();
-  curr_vcmd = ::curr_vcmd = new VCMD(*this);
+  curr_vcmd = ::curr_vcmd = kernel_new<VCMD>(*this);
   std::vector<AGEN*> previous;
   previous.swap(global_agens);
   for (const AGEN* old : previous) {

@@ -23,6 +23,7 @@ options {
 @parser::includes {
 #include "ZELT_ZLC/antlr_if.h"
 #include "ZELT_ZLC/expr_tree.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/driver.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vcmd.h"
@@ -46,7 +47,10 @@ translation_unit
 
 kernel_definition
 @init {
-  if (BACKTRACKING == 0) curr_vkernel = new_vkernel(outfile, header_file);
+  if (BACKTRACKING == 0) {
+    KERNEL_OBJECTS::begin();  // the objects of the previous kernel go first
+    curr_vkernel = new_vkernel(outfile, header_file);
+  }
 }
   : kernel_header compound_statement
     { curr_vkernel->format(); }
@@ -654,7 +658,7 @@ vreg_method
   : v=vreg STDOT 'clear' '(' ')'
     {
       curr_vcmd->set_curr_vreg($v.vreg);
-      curr_vcmd->new_vinit(antlr_srcinfo($v.start), new VPEXPR("0"));
+      curr_vcmd->new_vinit(antlr_srcinfo($v.start), kernel_new<VPEXPR>("0"));
     }
   | v=vreg STDOT 'print' '(' arg=print_argument ')'
     { curr_vcmd->new_vprint(antlr_srcinfo($v.start), $v.vreg, antlr_text(RECOGNIZER, $arg.start, $arg.stop)); }

@@ -6,6 +6,7 @@
 #include <ios>
 
 #include "ZELT_ZLC/agen.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vblock.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "translate/tcmd.h"
@@ -50,11 +51,13 @@ void INDENT::close(std::ostream& out) {
   indent(out) << "}\n";
 }
 
+// The position is asked for once: a file stream answers with a system call.
 void INDENT::blankline(std::ostream& out) {
   long& after_last = out.iword(blank_slot());
-  if (after_last == static_cast<long>(out.tellp()) + 1) return;
+  const long position = static_cast<long>(out.tellp());
+  if (after_last == position + 1) return;
   out << '\n';
-  after_last = static_cast<long>(out.tellp()) + 1;
+  after_last = position + 2;
 }
 
 TKERNEL* TDECL::kernel() const { return scope->kernel; }
@@ -75,7 +78,7 @@ bool TDECL::less_by_seq(const TDECL* a, const TDECL* b) { return a->seq < b->seq
 TDECL* SCOPE::add(const std::string& type, const std::string& name, const VPEXPR* init) {
   auto it = decls.find(name);
   if (it != decls.end()) return it->second;
-  auto* decl = new TDECL(this, next_seq++, type, name, init);
+  auto* decl = kernel_new<TDECL>(this, next_seq++, type, name, init);
   decls.emplace(name, decl);
   return decl;
 }
@@ -208,7 +211,7 @@ void LOOP::add_agen_increments(AGEN* a) {
   if (is_vcmd()) return;
   const VPEXPR* incr = incr_expr(a);
   if (pexpr_is(incr, 0)) return;
-  auto* step = new TAINCR(a, new TEXPR(cmd, "int32_t", incr));
+  auto* step = kernel_new<TAINCR>(a, kernel_new<TEXPR>(cmd, "int32_t", incr));
   BBLOCK* last = last_block();
   last->add_tinstr(endloop_pos(), step);
 }

@@ -3,6 +3,7 @@
 // patterns, and the configuration, open and close instructions.
 #include "translate/stream.h"
 
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "options/register_option.h"
 #include "translate/loop.h"
@@ -15,7 +16,7 @@ namespace {
 // Stops engines and address generators alike.
 register_option disable_se("disable:se");
 
-const VPEXPR* constant(int64_t value) { return new VPEXPR(value, VPEXPR::EVAL_SIGNED); }
+const VPEXPR* constant(int64_t value) { return kernel_new<VPEXPR>(value, VPEXPR::EVAL_SIGNED); }
 
 }  // namespace
 
@@ -98,13 +99,13 @@ std::string STREAM_TEMPLATE::transpose_word() const {
 }
 
 void STREAM_TEMPLATE::make_init(const char* type_name, const std::string& text) {
-  auto* expr = new VPEXPR(text);
+  auto* expr = kernel_new<VPEXPR>(text);
   expr->eval_type = VPEXPR::EVAL_SYMBOLIC;
   for (int k = 0; k < max_dims; ++k) {
     expr->merge_parm_refs(dim[k]);
     expr->merge_parm_refs(icnt[k]);
   }
-  init = new TEXPR(*cmd, type_name, expr);
+  init = kernel_new<TEXPR>(*cmd, type_name, expr);
 }
 
 void SE_TEMPLATE::generate_init() {
@@ -121,9 +122,9 @@ void SE_TEMPLATE::generate_setup(TINSTR* instr) {
   LOOP* nested = top->nested_loop();
   BBLOCK* last = top->last_block();
   if (!nested || !last) return;  // an engine always has a loop below the anchor
-  open_instr = new SE_OPEN(this, instr->base());
+  open_instr = kernel_new<SE_OPEN>(this, instr->base());
   nested->init_block->add_tinstr_back(open_instr);
-  last->add_tinstr_front(new SE_CLOSE(this));
+  last->add_tinstr_front(kernel_new<SE_CLOSE>(this));
 }
 
 void SA_TEMPLATE::generate_init() {
@@ -137,9 +138,9 @@ void SA_TEMPLATE::generate_setup(TINSTR*) {
   LOOP* top = cmd->top_loop;
   BBLOCK* last = top->last_block();
   if (!last) return;
-  open_instr = new SA_OPEN(this);
+  open_instr = kernel_new<SA_OPEN>(this);
   top->entry_block->add_tinstr_back(open_instr);
-  last->add_tinstr_front(new SA_CLOSE(this));
+  last->add_tinstr_front(kernel_new<SA_CLOSE>(this));
 }
 
 bool SA_TEMPLATE::matches(const SA_TEMPLATE& other) const {

@@ -2,6 +2,7 @@
 // and signatures that belong to the whole kernel.
 #include "translate/tkernel.h"
 
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "translate/tcmd.h"
 
@@ -9,7 +10,7 @@ TKERNEL::TKERNEL(std::ostream& outfile, std::ostream& header_file)
     : VKERNEL(outfile, header_file), scope(this) {}
 
 VKERNEL* new_translation_kernel(std::ostream& outfile, std::ostream& header_file) {
-  return new TKERNEL(outfile, header_file);
+  return kernel_new<TKERNEL>(outfile, header_file);
 }
 
 // The transpose and table scatter rewrites of the model come first, once
@@ -19,7 +20,7 @@ void TKERNEL::translate_for_9k() {
 }
 
 void TKERNEL::translate_vcmd(VCMD* vcmd) {
-  auto* cmd = new TCMD(*this, vcmd);
+  auto* cmd = kernel_new<TCMD>(*this, vcmd);
   tcmds.push_back(cmd);
   cmd->translate_vblock(&vcmd->root, &cmd->root_loop);
   // The SSA graph and the value ranges over it plug in here: saturations

@@ -4,6 +4,7 @@
 
 #include <bit>
 
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "ZELT_ZLC/vreg.h"
 #include "translate/loop.h"
@@ -43,7 +44,7 @@ TSAT::TSAT(TCMD& cmd, VREG* reg, ROUND_SAT& rs, const VDATA_TYPE& type) : reg(re
   // A bound that the model left out reads as zero.
   auto bound = [&](size_t index) {
     const VPEXPR* expr = index < rs.sat_bounds.size() ? rs.sat_bounds[index] : nullptr;
-    return new TEXPR(cmd, "int32_t", expr ? expr : VPEXPR::zero);
+    return kernel_new<TEXPR>(cmd, "int32_t", expr ? expr : VPEXPR::zero);
   };
   if (rs.sat_mode == ROUND_SAT::SM_4PARAM) {
     kind = RANGE4;

@@ -2,6 +2,7 @@
 // parameter block, and the typedef and assignments that hold them.
 #include "translate/tval.h"
 
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "translate/loop.h"
 #include "translate/tcmd.h"
@@ -40,7 +41,7 @@ TVAL* TVAL_TABLE::new_tval(const std::string& type, const VPEXPR* expr) {
   for (const auto& [name, tval] : by_name)
     if (tval->matches(type, expr)) return tval;
   uint32_t number = next_number++;
-  auto* tval = new TVAL(srcloc_internal, "p" + std::to_string(number), this, type);
+  auto* tval = kernel_new<TVAL>(srcloc_internal, "p" + std::to_string(number), this, type);
   by_name.emplace(tval->name, tval);
   by_number.emplace(number, tval);
   tval->number = static_cast<int32_t>(number);
@@ -49,7 +50,7 @@ TVAL* TVAL_TABLE::new_tval(const std::string& type, const VPEXPR* expr) {
 }
 
 TVAL_RT* TVAL_TABLE::new_tval_rt(const VPEXPR* expr) {
-  rt = new TVAL_RT(srcloc_internal, "tripcount", this, "int32_t");
+  rt = kernel_new<TVAL_RT>(srcloc_internal, "tripcount", this, "int32_t");
   rt->add_pexpr(expr);
   return rt;
 }
