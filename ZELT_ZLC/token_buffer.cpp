@@ -112,29 +112,35 @@ uint16_t TOKEN_BUFFER::stream_index(pANTLR3_INPUT_STREAM input) {
 // Token objects.
 
 pANTLR3_COMMON_TOKEN TOKEN_BUFFER::token_at(int64_t position) {
-  const ANTLR3_MARKER base = base_of(source);
-  auto make = [&](int64_t at) {
-    const ENTRY& e = entries[static_cast<size_t>(at)];
-    ANTLR3_COMMON_TOKEN token = prototype;
-    token.type = e.type;
-    token.channel = ANTLR3_TOKEN_DEFAULT_CHANNEL;
-    token.line = e.line;
-    token.charPosition = e.column;
-    token.lineStart = nullptr;
-    token.input = streams[e.stream];
-    token.index = at;
-    token.start = base + e.start;
-    token.stop = base + e.stop;
-    token.textState = ANTLR3_TEXT_NONE;
-    token.tokText.chars = nullptr;
-    token.custom = nullptr;
-    token.factoryMade = ANTLR3_TRUE;  // never freed by the runtime
-    return token;
-  };
-  while (position < window_base) window.push_front(make(--window_base));
-  while (position >= window_base + static_cast<int64_t>(window.size()))
-    window.push_back(make(window_base + static_cast<int64_t>(window.size())));
-  return &window[static_cast<size_t>(position - window_base)];
+  const auto at = static_cast<size_t>(position);
+  const size_t number = at >> made_bits;
+  const size_t size = size_t{1} << made_bits;
+  if (number >= made.size()) made.resize(number + 1);
+  std::unique_ptr<ANTLR3_COMMON_TOKEN[]>& tokens = made[number];
+  if (!tokens) {
+    const ANTLR3_MARKER base = base_of(source);
+    tokens = std::make_unique<ANTLR3_COMMON_TOKEN[]>(size);
+    const size_t first = number << made_bits;
+    for (size_t i = 0; i < size && first + i < entries.size(); ++i) {
+      const ENTRY& e = entries[first + i];
+      ANTLR3_COMMON_TOKEN& token = tokens[i];
+      token = prototype;
+      token.type = e.type;
+      token.channel = ANTLR3_TOKEN_DEFAULT_CHANNEL;
+      token.line = e.line;
+      token.charPosition = e.column;
+      token.lineStart = nullptr;
+      token.input = streams[e.stream];
+      token.index = static_cast<ANTLR3_MARKER>(first + i);
+      token.start = base + e.start;
+      token.stop = base + e.stop;
+      token.textState = ANTLR3_TEXT_NONE;
+      token.tokText.chars = nullptr;
+      token.custom = nullptr;
+      token.factoryMade = ANTLR3_TRUE;  // never freed by the runtime
+    }
+  }
+  return &tokens[at & (size - 1)];
 }
 
 pANTLR3_COMMON_TOKEN TOKEN_BUFFER::lt(ANTLR3_INT32 k) {
@@ -145,11 +151,11 @@ pANTLR3_COMMON_TOKEN TOKEN_BUFFER::lt(ANTLR3_INT32 k) {
   return token_at(position);
 }
 
+// The previous token stays for LT(-1); the chunks wholly before it go.
 void TOKEN_BUFFER::release_consumed() {
-  while (window_base < p - 1 && !window.empty()) {
-    window.pop_front();
-    ++window_base;
-  }
+  if (p < 1) return;
+  const auto keep = static_cast<size_t>(p - 1) >> made_bits;
+  for (; first_made < keep && first_made < made.size(); ++first_made) made[first_made].reset();
 }
 
 // ---------------------------------------------------------------------------

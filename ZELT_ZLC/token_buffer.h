@@ -10,7 +10,7 @@
 #include <antlr3.h>
 
 #include <cstdint>
-#include <deque>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,6 +51,25 @@ class TOKEN_BUFFER {
     uint32_t last;
   };
 
+  // A sequence that grows in chunks of 2^bits elements, never copied, so
+  // that it needs no spare room and its elements stay where they are.
+  template <class T, int bits>
+  class CHUNKS {
+   public:
+    static constexpr size_t chunk = size_t{1} << bits;
+    T& operator[](size_t i) { return chunks[i >> bits][i & (chunk - 1)]; }
+    const T& operator[](size_t i) const { return chunks[i >> bits][i & (chunk - 1)]; }
+    size_t size() const { return count; }
+    void push_back(const T& value) {
+      if (count % chunk == 0) chunks.push_back(std::make_unique<T[]>(chunk));
+      (*this)[count++] = value;
+    }
+
+   private:
+    std::vector<std::unique_ptr<T[]>> chunks;
+    size_t count = 0;
+  };
+
   void lex_all();
   void skip_white_space();
   void record(pANTLR3_COMMON_TOKEN token, pANTLR3_INPUT_STREAM input);
@@ -82,15 +101,18 @@ class TOKEN_BUFFER {
   pANTLR3_LEXER lexer;
   pANTLR3_COMMON_TOKEN_STREAM stream;
   bool lexed = false;
-  std::vector<ENTRY> entries;
+  CHUNKS<ENTRY, 12> entries;
   std::vector<GAP> gaps;
   std::vector<pANTLR3_INPUT_STREAM> streams;  // by first use
   ANTLR3_COMMON_TOKEN prototype{};            // a lexer token, for the functions it carries
   uint64_t previous_end = 0;                  // offset after the last token lexed
   int64_t p = 0;                              // the entry of LT(1)
   ANTLR3_MARKER last_marker = 0;
-  std::deque<ANTLR3_COMMON_TOKEN> window;     // tokens made for entries from window_base on
-  int64_t window_base = 0;
+  // Token objects, made a chunk of entries at a time and released when the
+  // parser has passed them.
+  static constexpr int made_bits = 8;
+  std::vector<std::unique_ptr<ANTLR3_COMMON_TOKEN[]>> made;
+  size_t first_made = 0;  // chunks before it are released
 };
 
 #endif

@@ -82,11 +82,8 @@ AGEN* VKERNEL::lookup_global_agen(const std::string& agen_name) const {
 
 VINSTR* VKERNEL::find_vreg_instr(const VREG* vreg) const {
   if (vcmds.empty()) return nullptr;
-  for (size_t i = vcmds.size() - 1; i > 0; --i) {
-    VINSTR* def = vcmds[i]->find_vreg_instr(vreg);
-    if (def && !def->is_vstore()) return def;
-  }
-  return vcmds.front()->find_vreg_instr(vreg);
+  auto later = later_defs.find(vreg);
+  return later != later_defs.end() ? later->second : vcmds.front()->find_vreg_instr(vreg);
 }
 
 void VKERNEL::add_curr_vloop() {
@@ -98,6 +95,9 @@ void VKERNEL::add_curr_vloop() {
           .report();
   }
   vcmds.push_back(curr_vcmd);
+  if (vcmds.size() > 1)
+    for (const auto& [vreg, def] : curr_vcmd->vreg_instrs)
+      if (def && !def->is_vstore()) later_defs[vreg] = def;
   curr_vcmd->analyze_vloop();
   vregs.revive_vregs();
   curr_vcmd = ::curr_vcmd = kernel_new<VCMD>(*this);

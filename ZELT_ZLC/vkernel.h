@@ -5,6 +5,7 @@
 #define ZLC_ZELT_ZLC_VKERNEL_H
 
 #include <cstdint>
+#include <map>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -104,6 +105,9 @@ class VKERNEL {
   PARM_TABLE parms;
   std::vector<AGEN*> global_agens;  // declared outside every loop, unique by name
   std::vector<VCMD*> vcmds;         // completed loops, in source order
+  // The newest definition other than a store of each register, over the
+  // completed loops after the first.
+  std::map<const VREG*, VINSTR*, VREG_ORDER> later_defs;
   VCMD* curr_vcmd;
   std::string name;
   std::string pblock_name = "__pblock_";
