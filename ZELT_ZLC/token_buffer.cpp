@@ -58,7 +58,14 @@ void TOKEN_BUFFER::lex_all() {
     pANTLR3_COMMON_TOKEN token = source_of_tokens->nextToken(source_of_tokens);
     if (!token) break;
     if (first) {
+      // What all token objects share: the functions, the default channel,
+      // no line start or custom data, and memory that the runtime never
+      // frees.
       prototype = *token;
+      prototype.channel = ANTLR3_TOKEN_DEFAULT_CHANNEL;
+      prototype.lineStart = nullptr;
+      prototype.custom = nullptr;
+      prototype.factoryMade = ANTLR3_TRUE;
       first = false;
     }
     if (token->getType(token) == ANTLR3_TOKEN_EOF) break;
@@ -118,26 +125,29 @@ pANTLR3_COMMON_TOKEN TOKEN_BUFFER::token_at(int64_t position) {
   if (number >= made.size()) made.resize(number + 1);
   std::unique_ptr<ANTLR3_COMMON_TOKEN[]>& tokens = made[number];
   if (!tokens) {
+    // A released chunk already carries the prototype's functions; a new
+    // one gets them once.
+    if (spare.empty()) {
+      tokens.reset(new ANTLR3_COMMON_TOKEN[size]);
+      std::fill_n(tokens.get(), size, prototype);
+    } else {
+      tokens = std::move(spare.back());
+      spare.pop_back();
+    }
     const ANTLR3_MARKER base = base_of(source);
-    tokens = std::make_unique<ANTLR3_COMMON_TOKEN[]>(size);
     const size_t first = number << made_bits;
     for (size_t i = 0; i < size && first + i < entries.size(); ++i) {
       const ENTRY& e = entries[first + i];
       ANTLR3_COMMON_TOKEN& token = tokens[i];
-      token = prototype;
       token.type = e.type;
-      token.channel = ANTLR3_TOKEN_DEFAULT_CHANNEL;
       token.line = e.line;
       token.charPosition = e.column;
-      token.lineStart = nullptr;
       token.input = streams[e.stream];
       token.index = static_cast<ANTLR3_MARKER>(first + i);
       token.start = base + e.start;
       token.stop = base + e.stop;
       token.textState = ANTLR3_TEXT_NONE;
       token.tokText.chars = nullptr;
-      token.custom = nullptr;
-      token.factoryMade = ANTLR3_TRUE;  // never freed by the runtime
     }
   }
   return &tokens[at & (size - 1)];
@@ -155,7 +165,8 @@ pANTLR3_COMMON_TOKEN TOKEN_BUFFER::lt(ANTLR3_INT32 k) {
 void TOKEN_BUFFER::release_consumed() {
   if (p < 1) return;
   const auto keep = static_cast<size_t>(p - 1) >> made_bits;
-  for (; first_made < keep && first_made < made.size(); ++first_made) made[first_made].reset();
+  for (; first_made < keep && first_made < made.size(); ++first_made)
+    if (made[first_made]) spare.push_back(std::move(made[first_made]));
 }
 
 // ---------------------------------------------------------------------------

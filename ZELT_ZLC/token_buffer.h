@@ -113,6 +113,7 @@ class TOKEN_BUFFER {
   static constexpr int made_bits = 8;
   std::vector<std::unique_ptr<ANTLR3_COMMON_TOKEN[]>> made;
   size_t first_made = 0;  // chunks before it are released
+  std::vector<std::unique_ptr<ANTLR3_COMMON_TOKEN[]>> spare;  // released chunks, for reuse
 };
 
 #endif
