@@ -1,21 +1,35 @@
-// The objects of one kernel, destroyed together.
+// The objects of one kernel, in memory that the next kernel reuses.
 #include "ZELT_ZLC/kernel_objects.h"
 
-bool& KERNEL_OBJECTS::collecting() {
-  static bool on = false;
-  return on;
-}
+#include <algorithm>
 
-std::vector<KERNEL_OBJECTS::OWNED>& KERNEL_OBJECTS::owned() {
-  static std::vector<OWNED> objects;
+KERNEL_OBJECTS& KERNEL_OBJECTS::current() {
+  static KERNEL_OBJECTS objects;
   return objects;
 }
 
 void KERNEL_OBJECTS::begin() {
-  std::vector<OWNED>& objects = owned();
-  for (auto it = objects.rbegin(); it != objects.rend(); ++it) it->destroy(it->object);
-  objects.clear();
-  collecting() = true;
+  KERNEL_OBJECTS& objects = current();
+  for (auto it = objects.owned.rbegin(); it != objects.owned.rend(); ++it) it->destroy(it->object);
+  objects.owned.clear();
+  objects.block = 0;
+  objects.used = 0;
+  objects.collecting = true;
 }
 
-void KERNEL_OBJECTS::close() { collecting() = false; }
+void KERNEL_OBJECTS::close() { current().collecting = false; }
+
+void* KERNEL_OBJECTS::allocate(size_t size, size_t alignment) {
+  for (;; ++block, used = 0) {
+    if (block == blocks.size()) {
+      const size_t bytes = std::max(block_size, size + alignment);
+      blocks.push_back({std::make_unique<std::byte[]>(bytes), bytes});
+    }
+    BLOCK& b = blocks[block];
+    const size_t start = (used + alignment - 1) / alignment * alignment;
+    if (start + size <= b.size) {
+      used = start + size;
+      return b.memory.get() + start;
+    }
+  }
+}

@@ -1,11 +1,14 @@
 // The objects of one kernel's model and translation.  They are made with
-// kernel_new while the kernel is read and translated, and destroyed together
-// when the next kernel starts, so that memory does not grow with the number
-// of kernels.  The last kernel's objects stay, as does everything made while
-// no kernel is being read.
+// kernel_new while the kernel is read and translated, in memory of their
+// own, and destroyed together when the next kernel starts, which then reuses
+// that memory: memory does not grow with the number of kernels.  The last
+// kernel's objects stay, as does everything made while no kernel is read.
 #ifndef ZLC_ZELT_ZLC_KERNEL_OBJECTS_H
 #define ZLC_ZELT_ZLC_KERNEL_OBJECTS_H
 
+#include <cstddef>
+#include <memory>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -17,9 +20,12 @@ class KERNEL_OBJECTS {
   // Stops collecting; what was collected stays until the next begin().
   static void close();
 
-  template <class T>
-  static T* adopt(T* object) {
-    if (collecting()) owned().push_back({object, [](void* p) { delete static_cast<T*>(p); }});
+  template <class T, class... ARGS>
+  static T* make(ARGS&&... args) {
+    KERNEL_OBJECTS& objects = current();
+    if (!objects.collecting) return new T(std::forward<ARGS>(args)...);
+    T* object = new (objects.allocate(sizeof(T), alignof(T))) T(std::forward<ARGS>(args)...);
+    objects.owned.push_back({object, [](void* p) { static_cast<T*>(p)->~T(); }});
     return object;
   }
 
@@ -28,14 +34,26 @@ class KERNEL_OBJECTS {
     void* object;
     void (*destroy)(void*);
   };
-  static bool& collecting();
-  static std::vector<OWNED>& owned();
+  struct BLOCK {
+    std::unique_ptr<std::byte[]> memory;
+    size_t size;
+  };
+  static constexpr size_t block_size = 256 * 1024;
+
+  static KERNEL_OBJECTS& current();
+  void* allocate(size_t size, size_t alignment);
+
+  bool collecting = false;
+  std::vector<OWNED> owned;
+  std::vector<BLOCK> blocks;
+  size_t block = 0;  // the block being filled
+  size_t used = 0;   // bytes used in it
 };
 
 // A new object of the kernel being read and translated.
 template <class T, class... ARGS>
 T* kernel_new(ARGS&&... args) {
-  return KERNEL_OBJECTS::adopt(new T(std::forward<ARGS>(args)...));
+  return KERNEL_OBJECTS::make<T>(std::forward<ARGS>(args)...);
 }
 
 #endif

@@ -1,11 +1,13 @@
 // Writes legal kernel sources for the whole-translation benchmark and for the
 // large-input tests.  Every source translates without a message.
-//   gen_kernels mix BYTES FILE      a realistic file of about BYTES bytes
-//   gen_kernels kernels N FILE      N small kernels
-//   gen_kernels loops N FILE        one kernel of N vector loops
-//   gen_kernels terms N FILE        one generator formula of N terms
-//   gen_kernels macros N FILE       N macros, each used once
-//   gen_kernels nesting N FILE      kernels with addresses and bounds in N parentheses
+//   gen_kernels mix BYTES FILE          a realistic file of about BYTES bytes
+//   gen_kernels kernels N FILE          N small kernels
+//   gen_kernels loops N FILE [K]        K kernels (default 1) of N vector loops
+//   gen_kernels terms N FILE [K]        K kernels (default 1) with a generator
+//                                       formula of N terms
+//   gen_kernels macros N FILE           N macros, each used once
+//   gen_kernels nesting N FILE          64 kernels with addresses and bounds in
+//                                       N parentheses
 // The mix also writes FILE's directory/bench_defs.h, which it includes.
 #include <cstdio>
 #include <cstdlib>
@@ -291,8 +293,9 @@ void write_kernels(int count, std::ostream& out) {
 
 // One kernel whose loops all read a register that its first statement
 // loads, before the first loop.
-void write_loops(int count, std::ostream& out) {
-  out << "void many_loops(__vptr_int16 a, __vptr_int16 b, int n)\n{\n   __agen Z = 0;\n"
+void write_loops(int count, int number, std::ostream& out) {
+  out << "void many_loops" << number << "(__vptr_int16 a, __vptr_int16 b, int n)\n{\n"
+         "   __agen Z = 0;\n"
          "   __vector k;\n   k = a[Z].onept();\n";
   for (int l = 0; l < count; ++l)
     out << "   for (int i = 0; i < n; i++) {\n"
@@ -306,8 +309,8 @@ void write_loops(int count, std::ostream& out) {
 }
 
 // A generator formula whose terms all step the one loop variable.
-void write_terms(int count, std::ostream& out) {
-  out << "void long_formula(__vptr_int16 a, __vptr_int16 b, int n)\n{\n"
+void write_terms(int count, int number, std::ostream& out) {
+  out << "void long_formula" << number << "(__vptr_int16 a, __vptr_int16 b, int n)\n{\n"
          "   for (int i = 0; i < n; i++) {\n      __vector v;\n      __agen A = i * 16";
   for (int t = 1; t < count; ++t) out << (t % 8 ? " + " : "\n         + ") << "i * " << t % 97;
   out << ";\n      v = a[A].npt();\n      b[A].npt() = v;\n   }\n}\n";
@@ -349,15 +352,16 @@ void write_nesting(int depth, std::ostream& out) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 4) {
-    std::fprintf(stderr, "usage: gen_kernels mix|kernels|loops|terms|macros|nesting N FILE\n");
+  if (argc != 4 && argc != 5) {
+    std::fprintf(stderr, "usage: gen_kernels mix|kernels|loops|terms|macros|nesting N FILE [K]\n");
     return 2;
   }
   const string mode = argv[1];
   const long n = std::atol(argv[2]);
   const string file = argv[3];
+  const int copies = argc == 5 ? std::atoi(argv[4]) : 1;
   std::ofstream out(file);
-  if (!out || n <= 0) {
+  if (!out || n <= 0 || copies <= 0) {
     std::fprintf(stderr, "gen_kernels: cannot write %s\n", file.c_str());
     return 2;
   }
@@ -369,9 +373,9 @@ int main(int argc, char** argv) {
   } else if (mode == "kernels") {
     write_kernels(static_cast<int>(n), out);
   } else if (mode == "loops") {
-    write_loops(static_cast<int>(n), out);
+    for (int k = 0; k < copies; ++k) write_loops(static_cast<int>(n), k, out);
   } else if (mode == "terms") {
-    write_terms(static_cast<int>(n), out);
+    for (int k = 0; k < copies; ++k) write_terms(static_cast<int>(n), k, out);
   } else if (mode == "macros") {
     write_macros(static_cast<int>(n), out);
   } else if (mode == "nesting") {

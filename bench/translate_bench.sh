@@ -50,20 +50,22 @@ for mb in $sizes; do
 done
 
 # Each dimension at N and 4N: a linear translation gives a ratio near 4.
+# Loops and formulas are repeated over 8 and 64 kernels, so that the times
+# are long enough to measure.
 echo
 echo "Growth of the translation time, t(4N)/t(N)"
 printf "%-22s %8s %10s %8s %10s %8s\n" dimension N "t(N)" 4N "t(4N)" ratio
 growth_case() {
-  local mode=$1 n=$2 what=$3 t1 t4
-  "$gen" "$mode" "$n" "$work/$mode.zc"
+  local mode=$1 n=$2 what=$3 copies=${4:-} t1 t4
+  "$gen" "$mode" "$n" "$work/$mode.zc" $copies
   read -r t1 _ < <(measure "$zlc" "$work/$mode.zc" "$work/out.c")
-  "$gen" "$mode" $((4 * n)) "$work/$mode.zc"
+  "$gen" "$mode" $((4 * n)) "$work/$mode.zc" $copies
   read -r t4 _ < <(measure "$zlc" "$work/$mode.zc" "$work/out.c")
   printf "%-22s %8s %10s %8s %10s %8s\n" "$what" "$n" "$t1" $((4 * n)) "$t4" "$(ratio "$t4" "$t1")"
 }
 growth_case mix 1048576 "file size (bytes)"
 growth_case kernels 5000 "kernels per file"
-growth_case loops 1000 "vector loops per kernel"
-growth_case terms 4000 "terms per formula"
+growth_case loops 1000 "vector loops per kernel" 8
+growth_case terms 2000 "terms per formula" 64
 growth_case macros 10000 "macros per file"
 growth_case nesting 250 "nesting of parentheses"
