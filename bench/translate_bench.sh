@@ -15,25 +15,29 @@ runs=${RUNS:-3}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# Runs a command RUNS times; prints its least CPU time in seconds and its
-# largest peak RSS in KiB.  A translation must succeed without a message.
+# Runs a command RUNS times; prints its least CPU time (user and system) in
+# seconds, to the millisecond, and its largest peak RSS in KiB.  A
+# translation must succeed without a message.
 measure() {
-  local best="" peak=0 cpu rss
+  local best="" peak=0 cpu rss status
+  local TIMEFORMAT='%3U %3S'
   for ((run = 0; run < runs; ++run)); do
-    if ! /usr/bin/time -f "%U %S %M" -o "$work/time" "$@" > /dev/null 2> "$work/err" ||
-       [ -s "$work/err" ]; then
+    { time /usr/bin/time -f "%M" -o "$work/rss" "$@" > /dev/null 2> "$work/err"; } 2> "$work/cpu"
+    status=$?
+    if [ "$status" != 0 ] || [ -s "$work/err" ]; then
       echo "failed: $*" >&2
       head -5 "$work/err" >&2
       exit 1
     fi
-    read -r cpu rss < <(awk '{ printf "%.3f %d\n", $1 + $2, $3 }' "$work/time")
+    cpu=$(awk '{ printf "%.3f", $1 + $2 }' "$work/cpu")
+    rss=$(cat "$work/rss")
     if [ -z "$best" ] || awk -v a="$cpu" -v b="$best" 'BEGIN { exit !(a < b) }'; then best=$cpu; fi
     ((rss > peak)) && peak=$rss
   done
   echo "$best $peak"
 }
 
-ratio() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", b > 0 ? a / b : 0 }'; }
+ratio() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", (b > 0 ? a / b : 0) }'; }
 
 echo "Whole translation against cpp -P (CPU seconds, least of $runs runs)"
 printf "%8s %10s %10s %8s %14s %12s\n" source zlc9k "cpp -P" ratio "peak RSS MiB" "t/t(prev)"
