@@ -1,9 +1,11 @@
 // The parser's token stream over compact tokens of the whole text, with the
-// token objects made in a window that each statement trims.
+// token objects made a chunk at a time and released as statements start.
 #include "ZELT_ZLC/token_buffer.h"
 
 #include <algorithm>
 #include <cassert>
+
+#include "DIAG/diag.h"
 
 namespace {
 
@@ -15,7 +17,7 @@ ANTLR3_MARKER base_of(const std::string& text) {
 
 TOKEN_BUFFER::TOKEN_BUFFER(const std::string& text, pANTLR3_LEXER lexer,
                            pANTLR3_COMMON_TOKEN_STREAM stream)
-    : source(text), lexer(lexer), stream(stream) {
+    : source(text), lexer(lexer) {
   pANTLR3_TOKEN_STREAM ts = stream->tstream;
   pANTLR3_INT_STREAM is = ts->istream;
   assert(ts->super == stream && is->super == ts);
@@ -36,7 +38,8 @@ TOKEN_BUFFER::TOKEN_BUFFER(const std::string& text, pANTLR3_LEXER lexer,
 }
 
 TOKEN_BUFFER& TOKEN_BUFFER::of(pANTLR3_TOKEN_STREAM ts) {
-  auto* self = static_cast<TOKEN_BUFFER*>(static_cast<pANTLR3_COMMON_TOKEN_STREAM>(ts->super)->super);
+  auto* common = static_cast<pANTLR3_COMMON_TOKEN_STREAM>(ts->super);
+  auto* self = static_cast<TOKEN_BUFFER*>(common->super);
   if (!self->lexed) self->lex_all();
   return *self;
 }
@@ -104,15 +107,17 @@ void TOKEN_BUFFER::record(pANTLR3_COMMON_TOKEN token, pANTLR3_INPUT_STREAM input
   previous_end = stop + 1;
   if (token->channel != ANTLR3_TOKEN_DEFAULT_CHANNEL) return;
   entries.push_back({static_cast<uint32_t>(start), static_cast<uint32_t>(stop), token->line,
-                     token->charPosition, static_cast<uint16_t>(token->type),
-                     stream_index(input)});
+                     token->charPosition, token->type, stream_index(input)});
 }
 
-uint16_t TOKEN_BUFFER::stream_index(pANTLR3_INPUT_STREAM input) {
-  if (!streams.empty() && streams.back() == input) return static_cast<uint16_t>(streams.size() - 1);
+uint32_t TOKEN_BUFFER::stream_index(pANTLR3_INPUT_STREAM input) {
+  if (!streams.empty() && streams.back() == input) return static_cast<uint32_t>(streams.size() - 1);
   auto found = std::find(streams.begin(), streams.end(), input);
-  if (found == streams.end()) found = streams.insert(streams.end(), input);
-  return static_cast<uint16_t>(found - streams.begin());
+  if (found == streams.end()) {
+    if (streams.size() == max_streams) DIAG::zlc_antlr_interface_failure().report();
+    found = streams.insert(streams.end(), input);
+  }
+  return static_cast<uint32_t>(found - streams.begin());
 }
 
 // ---------------------------------------------------------------------------
@@ -157,7 +162,8 @@ pANTLR3_COMMON_TOKEN TOKEN_BUFFER::lt(ANTLR3_INT32 k) {
   if (k == 0) return nullptr;
   const int64_t position = k < 0 ? p + k : p + k - 1;
   if (position < 0) return nullptr;
-  if (position >= static_cast<int64_t>(entries.size())) return &lexer->rec->state->tokSource->eofToken;
+  if (position >= static_cast<int64_t>(entries.size()))
+    return &lexer->rec->state->tokSource->eofToken;
   return token_at(position);
 }
 

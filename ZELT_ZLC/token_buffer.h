@@ -2,8 +2,8 @@
 // reads its first token, so that every lexer error is reported before any
 // message of the parser, as with a buffer of all tokens; but only the tokens
 // of the default channel are kept, in a compact form, and the token objects
-// that the parser sees are made in a window that is trimmed at each
-// statement.  Texts of rules are taken from the source text itself.
+// that the parser sees are made a chunk at a time and released as statements
+// start.  Texts of rules are taken from the source text itself.
 #ifndef ZLC_ZELT_ZLC_TOKEN_BUFFER_H
 #define ZLC_ZELT_ZLC_TOKEN_BUFFER_H
 
@@ -42,9 +42,10 @@ class TOKEN_BUFFER {
     uint32_t stop;
     uint32_t line;
     int32_t column;
-    uint16_t type;
-    uint16_t stream;
+    uint32_t type : 8;
+    uint32_t stream : 24;
   };
+  static constexpr size_t max_streams = size_t{1} << 24;
   // Characters between two tokens that no token covers.
   struct GAP {
     uint32_t first;
@@ -73,7 +74,7 @@ class TOKEN_BUFFER {
   void lex_all();
   void skip_white_space();
   void record(pANTLR3_COMMON_TOKEN token, pANTLR3_INPUT_STREAM input);
-  uint16_t stream_index(pANTLR3_INPUT_STREAM input);
+  uint32_t stream_index(pANTLR3_INPUT_STREAM input);
   pANTLR3_COMMON_TOKEN token_at(int64_t position);
   pANTLR3_COMMON_TOKEN lt(ANTLR3_INT32 k);
   std::string text(uint32_t first, uint32_t last) const;
@@ -99,7 +100,6 @@ class TOKEN_BUFFER {
 
   const std::string& source;
   pANTLR3_LEXER lexer;
-  pANTLR3_COMMON_TOKEN_STREAM stream;
   bool lexed = false;
   CHUNKS<ENTRY, 12> entries;
   std::vector<GAP> gaps;

@@ -34,7 +34,9 @@ options {
 }
 
 @parser::members {
+// The arena of expression trees, and the text of a rule from its tokens.
 #define TREES (*ctx->trees)
+#define RULE_TEXT(start, stop) antlr_text(RECOGNIZER, start, stop)
 }
 
 
@@ -78,7 +80,7 @@ parameter_declaration
   : q=parameter_qualifiers t=parameter_type name=IDENTIFIER a=array_suffixes
     {
       curr_vkernel->new_parm(antlr_srcinfo($name), antlr_text($name), $q.flags,
-                             antlr_text(RECOGNIZER, $t.start, $t.stop), antlr_text(RECOGNIZER, $a.start, $a.stop));
+                             RULE_TEXT($t.start, $t.stop), RULE_TEXT($a.start, $a.stop));
     }
   ;
 
@@ -219,8 +221,8 @@ loop_statement
     | f='foreach' '(' lcv=IDENTIFIER ',' count=pexpression ',' limit=pexpression ')'
       {
         curr_vcmd->push_rpt(antlr_srcinfo($f), antlr_text($lcv),
-                            build_pexpr($count.expr, antlr_text(RECOGNIZER, $count.start, $count.stop)),
-                            build_pexpr($limit.expr, antlr_text(RECOGNIZER, $limit.start, $limit.stop)));
+                            build_pexpr($count.expr, RULE_TEXT($count.start, $count.stop)),
+                            build_pexpr($limit.expr, RULE_TEXT($limit.start, $limit.stop)));
       }
     )
     compound_statement
@@ -237,47 +239,50 @@ loop_init returns [pANTLR3_COMMON_TOKEN name = NULL]
   : INT_TYPE id=IDENTIFIER ASG first=constant
     {
       $name = $id;
-      check_pexpr_value_equals($first.expr, antlr_text(RECOGNIZER, $first.start, $first.stop), 0);
+      check_pexpr_value_equals($first.expr, RULE_TEXT($first.start, $first.stop), 0);
     }
   ;
 
 loop_condition returns [VPEXPR* tripcount = NULL]
 @init { $tripcount = nullptr; }
   : IDENTIFIER LESS e=pexpression
-    { $tripcount = build_pexpr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop)); }
+    { $tripcount = build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop)); }
   ;
 
 loop_increment
   : '++' IDENTIFIER
   | IDENTIFIER '++'
   | IDENTIFIER '+=' step=integer_constant
-    { check_pexpr_value_equals($step.expr, antlr_text(RECOGNIZER, $step.start, $step.stop), 1); }
+    { check_pexpr_value_equals($step.expr, RULE_TEXT($step.start, $step.stop), 1); }
   ;
 
 special_loop_statement
 @init {
+  VPEXPR* first = nullptr;
   VPEXPR* second = nullptr;
   VPEXPR* third = nullptr;
   VPEXPR* fourth = nullptr;
 }
   : '_HISTOGRAM' '(' count=pexpression
-    ( ',' size=pexpression { second = build_pexpr($size.expr, antlr_text(RECOGNIZER, $size.start, $size.stop)); } )?
-    ')' ';'
-    {
-      curr_vkernel->add_histogram_vloop(antlr_srcinfo($count.expr),
-                                        build_pexpr($count.expr, antlr_text(RECOGNIZER, $count.start, $count.stop)),
-                                        second);
-    }
-  | '_LOOKUP' '(' tables=pexpression ',' points=pexpression
-    ( ',' dup=pexpression { third = build_pexpr($dup.expr, antlr_text(RECOGNIZER, $dup.start, $dup.stop)); }
-      ( ',' size=pexpression { fourth = build_pexpr($size.expr, antlr_text(RECOGNIZER, $size.start, $size.stop)); } )?
+    ( ',' size=pexpression
+      { second = build_pexpr($size.expr, RULE_TEXT($size.start, $size.stop)); }
     )?
     ')' ';'
     {
-      curr_vkernel->add_tablelkup_vloop(antlr_srcinfo($tables.expr),
-                                        build_pexpr($tables.expr, antlr_text(RECOGNIZER, $tables.start, $tables.stop)),
-                                        build_pexpr($points.expr, antlr_text(RECOGNIZER, $points.start, $points.stop)),
-                                        third, fourth);
+      first = build_pexpr($count.expr, RULE_TEXT($count.start, $count.stop));
+      curr_vkernel->add_histogram_vloop(antlr_srcinfo($count.expr), first, second);
+    }
+  | '_LOOKUP' '(' tables=pexpression ',' points=pexpression
+    ( ',' dup=pexpression { third = build_pexpr($dup.expr, RULE_TEXT($dup.start, $dup.stop)); }
+      ( ',' size=pexpression
+        { fourth = build_pexpr($size.expr, RULE_TEXT($size.start, $size.stop)); }
+      )?
+    )?
+    ')' ';'
+    {
+      first = build_pexpr($tables.expr, RULE_TEXT($tables.start, $tables.stop));
+      second = build_pexpr($points.expr, RULE_TEXT($points.start, $points.stop));
+      curr_vkernel->add_tablelkup_vloop(antlr_srcinfo($tables.expr), first, second, third, fourth);
     }
   | '_EXPAND' '(' flags=pexpression ')' ';'
     {
@@ -314,7 +319,8 @@ options { k = 1; }
   | ( vector_operation )=> vector_operation
   | e=pexpression
     {
-      curr_vcmd->new_vinit(antlr_srcinfo($e.expr), build_pexpr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop)));
+      curr_vcmd->new_vinit(antlr_srcinfo($e.expr),
+                           build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop)));
     }
   ;
 
@@ -322,12 +328,12 @@ load_expression
   : e=pexpression
     ( '[' a=agen ']'
       {
-        analyze_lvalue_expr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop), $a.agen);
+        analyze_lvalue_expr($e.expr, RULE_TEXT($e.start, $e.stop), $a.agen);
         curr_vcmd->new_vload(antlr_srcinfo($e.expr));
       }
     | '[' 'expand' '(' flags=vreg ')' ']'
       {
-        analyze_lvalue_expr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop), nullptr);
+        analyze_lvalue_expr($e.expr, RULE_TEXT($e.start, $e.stop), nullptr);
         curr_vcmd->add_expand_vload(antlr_srcinfo($e.expr), $flags.vreg);
       }
     )
@@ -363,7 +369,7 @@ custom_dist_list
 
 custom_dist_value
   : e=pexpression
-    { curr_vcmd->add_cust_pexpr(build_pexpr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop))); }
+    { curr_vcmd->add_cust_pexpr(build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop))); }
   ;
 
 store_statement
@@ -375,12 +381,12 @@ store_target
   : e=pexpression
     ( '[' a=agen ']'
       {
-        analyze_lvalue_expr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop), $a.agen);
+        analyze_lvalue_expr($e.expr, RULE_TEXT($e.start, $e.stop), $a.agen);
         curr_vcmd->new_vstore(antlr_srcinfo($e.expr));
       }
     | '[' 'collate' '(' pred=vreg ')' ']'
       {
-        analyze_lvalue_expr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop), nullptr);
+        analyze_lvalue_expr($e.expr, RULE_TEXT($e.start, $e.stop), nullptr);
         curr_vcmd->new_collate_vstore(antlr_srcinfo($e.expr), $pred.vreg);
       }
     )
@@ -441,37 +447,37 @@ options { backtrack = true; }
 
 memory_round
   : STDOT 'round' '(' e=pexpression ')'
-    { curr_vcmd->set_vmem_round(build_pexpr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop))); }
+    { curr_vcmd->set_vmem_round(build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop))); }
   ;
 
 memory_truncate
   : STDOT 'truncate' '(' e=pexpression ')'
-    { curr_vcmd->set_vmem_trunc(build_pexpr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop))); }
+    { curr_vcmd->set_vmem_trunc(build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop))); }
   ;
 
 memory_saturate4
   : STDOT 'saturate' '(' a=pexpression COMMA b=pexpression COMMA c=pexpression COMMA
     d=pexpression ')'
     {
-      curr_vcmd->set_vmem_sat(build_pexpr($a.expr, antlr_text(RECOGNIZER, $a.start, $a.stop)),
-                              build_pexpr($b.expr, antlr_text(RECOGNIZER, $b.start, $b.stop)),
-                              build_pexpr($c.expr, antlr_text(RECOGNIZER, $c.start, $c.stop)),
-                              build_pexpr($d.expr, antlr_text(RECOGNIZER, $d.start, $d.stop)));
+      curr_vcmd->set_vmem_sat(build_pexpr($a.expr, RULE_TEXT($a.start, $a.stop)),
+                              build_pexpr($b.expr, RULE_TEXT($b.start, $b.stop)),
+                              build_pexpr($c.expr, RULE_TEXT($c.start, $c.stop)),
+                              build_pexpr($d.expr, RULE_TEXT($d.start, $d.stop)));
     }
   ;
 
 memory_saturate2
   : STDOT 'saturate' '(' a=pexpression COMMA b=pexpression ')'
     {
-      curr_vcmd->set_vmem_sat(build_pexpr($a.expr, antlr_text(RECOGNIZER, $a.start, $a.stop)),
-                              build_pexpr($b.expr, antlr_text(RECOGNIZER, $b.start, $b.stop)), nullptr, nullptr);
+      curr_vcmd->set_vmem_sat(build_pexpr($a.expr, RULE_TEXT($a.start, $a.stop)),
+                              build_pexpr($b.expr, RULE_TEXT($b.start, $b.stop)), nullptr, nullptr);
     }
   ;
 
 memory_saturate1
   : STDOT 'saturate' '(' a=pexpression ')'
     {
-      curr_vcmd->set_vmem_sat(build_pexpr($a.expr, antlr_text(RECOGNIZER, $a.start, $a.stop)), nullptr, nullptr,
+      curr_vcmd->set_vmem_sat(build_pexpr($a.expr, RULE_TEXT($a.start, $a.stop)), nullptr, nullptr,
                               nullptr);
     }
   ;
@@ -498,7 +504,7 @@ early_exit
   : f='if' '(' v=vreg '[' lane=pexpression ']' ')' 'goto' target=IDENTIFIER ';'
     {
       curr_vcmd->new_vexit(antlr_srcinfo($f), antlr_text($target), $v.vreg,
-                           build_pexpr($lane.expr, antlr_text(RECOGNIZER, $lane.start, $lane.stop)), nullptr);
+                           build_pexpr($lane.expr, RULE_TEXT($lane.start, $lane.stop)), nullptr);
     }
   ;
 
@@ -507,8 +513,8 @@ early_exit_compare
     ';'
     {
       curr_vcmd->new_vexit(antlr_srcinfo($f), antlr_text($target), $v.vreg,
-                           build_pexpr($lane.expr, antlr_text(RECOGNIZER, $lane.start, $lane.stop)),
-                           build_pexpr($rhs.expr, antlr_text(RECOGNIZER, $rhs.start, $rhs.stop)));
+                           build_pexpr($lane.expr, RULE_TEXT($lane.start, $lane.stop)),
+                           build_pexpr($rhs.expr, RULE_TEXT($rhs.start, $rhs.stop)));
     }
   ;
 
@@ -516,7 +522,7 @@ move_condition
   : lcv=IDENTIFIER EQ e=pexpression
     {
       curr_vcmd->add_vmove_lcv(antlr_srcinfo($lcv), antlr_text($lcv),
-                               build_pexpr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop)), VMOVE::MP_ZERO);
+                               build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop)), VMOVE::MP_ZERO);
     }
   | ( move_condition_term ( ANDAND move_condition_term )* )=>
     move_condition_term ( ANDAND move_condition_term )*
@@ -527,12 +533,13 @@ move_condition_term
   : 'last' '(' lcv=IDENTIFIER COMMA e=pexpression ')'
     {
       curr_vcmd->add_vmove_lcv(antlr_srcinfo($lcv), antlr_text($lcv),
-                               build_pexpr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop)), VMOVE::MP_TRIPCOUNT);
+                               build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop)),
+                               VMOVE::MP_TRIPCOUNT);
     }
   | '(' lcv=IDENTIFIER EQ e=pexpression ')'
     {
       curr_vcmd->add_vmove_lcv(antlr_srcinfo($lcv), antlr_text($lcv),
-                               build_pexpr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop)), VMOVE::MP_ZERO);
+                               build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop)), VMOVE::MP_ZERO);
     }
   | '(' move_condition_term ')'
   ;
@@ -587,11 +594,11 @@ vector_operation
 
 operation_rounding
   : STDOT 'round' '(' e=pexpression ')'
-    { curr_vcmd->set_vop_round(VOP::RM_ROUND, build_pexpr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop))); }
+    { curr_vcmd->set_vop_round(VOP::RM_ROUND, build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop))); }
   | STDOT 'truncate' '(' e=pexpression ')'
-    { curr_vcmd->set_vop_round(VOP::RM_TRUNC, build_pexpr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop))); }
+    { curr_vcmd->set_vop_round(VOP::RM_TRUNC, build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop))); }
   | SHL e=pexpression
-    { curr_vcmd->set_vop_round(VOP::RM_SHIFT, build_pexpr($e.expr, antlr_text(RECOGNIZER, $e.start, $e.stop))); }
+    { curr_vcmd->set_vop_round(VOP::RM_SHIFT, build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop))); }
   ;
 
 // The right sides of compound assignments: d is the register on the left.
@@ -661,7 +668,7 @@ vreg_method
       curr_vcmd->new_vinit(antlr_srcinfo($v.start), kernel_new<VPEXPR>("0"));
     }
   | v=vreg STDOT 'print' '(' arg=print_argument ')'
-    { curr_vcmd->new_vprint(antlr_srcinfo($v.start), $v.vreg, antlr_text(RECOGNIZER, $arg.start, $arg.stop)); }
+    { curr_vcmd->new_vprint(antlr_srcinfo($v.start), $v.vreg, RULE_TEXT($arg.start, $arg.stop)); }
   | vreg_pair STDOT
     ( op='deinterleave' '(' ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vdintrlv", nullptr, nullptr); }
     | op='interleave' '(' ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vintrlv", nullptr, nullptr); }
