@@ -3,6 +3,17 @@
 
 #include <algorithm>
 
+// Under AddressSanitizer the memory of destroyed objects is poisoned until
+// it is handed out again, so that a use after destruction is still caught.
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/asan_interface.h>
+#define KERNEL_OBJECTS_POISON(address, size) ASAN_POISON_MEMORY_REGION(address, size)
+#define KERNEL_OBJECTS_UNPOISON(address, size) ASAN_UNPOISON_MEMORY_REGION(address, size)
+#else
+#define KERNEL_OBJECTS_POISON(address, size) ((void)(address), (void)(size))
+#define KERNEL_OBJECTS_UNPOISON(address, size) ((void)(address), (void)(size))
+#endif
+
 KERNEL_OBJECTS& KERNEL_OBJECTS::current() {
   static KERNEL_OBJECTS objects;
   return objects;
@@ -12,6 +23,7 @@ void KERNEL_OBJECTS::begin() {
   KERNEL_OBJECTS& objects = current();
   for (auto it = objects.owned.rbegin(); it != objects.owned.rend(); ++it) it->destroy(it->object);
   objects.owned.clear();
+  for (BLOCK& b : objects.blocks) KERNEL_OBJECTS_POISON(b.memory.get(), b.size);
   objects.block = 0;
   objects.used = 0;
   objects.collecting = true;
@@ -29,6 +41,7 @@ void* KERNEL_OBJECTS::allocate(size_t size, size_t alignment) {
     const size_t start = (used + alignment - 1) / alignment * alignment;
     if (start + size <= b.size) {
       used = start + size;
+      KERNEL_OBJECTS_UNPOISON(b.memory.get() + start, size);
       return b.memory.get() + start;
     }
   }
