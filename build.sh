@@ -5,7 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-packages="cmake g++ make antlr3 libantlr3c-dev default-jre-headless googletest libgtest-dev"
+packages="cmake g++ make antlr3 libantlr3c-dev default-jre-headless googletest libgtest-dev dpkg-dev groff-base"
 if ! dpkg -s $packages > /dev/null 2>&1; then
   apt-get update -qq
   DEBIAN_FRONTEND=noninteractive apt-get install -y -qq $packages > /dev/null

@@ -4,6 +4,12 @@
 #include <cstdlib>
 #include <string_view>
 
+namespace {
+// Switches that no code reads: accepted by name, without effect.
+register_option debug_progress("debug:progress");
+register_option debug_parse("debug:parse");
+}  // namespace
+
 register_option::register_option(std::string name) : name(std::move(name)) {
   objects()[this->name] = this;
 }

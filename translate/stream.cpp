@@ -11,10 +11,9 @@
 #include "translate/texpr.h"
 #include "translate/tmem.h"
 
-namespace {
-
-// Stops engines and address generators alike.
 register_option disable_se("disable:se");
+
+namespace {
 
 const VPEXPR* constant(int64_t value) { return kernel_new<VPEXPR>(value, VPEXPR::EVAL_SIGNED); }
 

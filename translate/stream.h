@@ -18,6 +18,11 @@ class AGEN;
 class TCMD;
 class TEXPR;
 class VPEXPR;
+class register_option;
+
+// Stops engines and address generators alike, and with them the transpose
+// transformation.
+extern register_option disable_se;
 
 class STREAM_TEMPLATE {
  public:

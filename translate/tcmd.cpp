@@ -24,6 +24,7 @@ TCMD::TCMD(TKERNEL& kernel, VCMD* vcmd)
       vcmd(vcmd),
       se_table(*this),
       sa_table(*this),
+      lht_table(*this),
       root_loop(*this),
       top_loop(&root_loop),
       rpt_max(static_cast<uint32_t>(vcmd->rpt_max())),
@@ -110,6 +111,10 @@ void TCMD::translate_vinstr(VINSTR& instr) {
     translate_vexit(instr);
   else if (instr.is_vincr() || instr.is_vrpt())
     return;
+  else if (instr.is_vhup())
+    translate_vhup(instr);
+  else if (instr.is_vtld())
+    translate_vtld(instr);
   else if (instr.is_vprint())
     translate_vprint(instr);
   else if (instr.is_vop())

@@ -5,22 +5,30 @@
 #define ZLC_TRANSLATE_TCMD_H
 
 #include <cstdint>
+#include <map>
 #include <ostream>
 #include <string>
 #include <vector>
 
+#include "translate/lht.h"
 #include "translate/loop.h"
 #include "translate/stream.h"
 #include "translate/tval.h"
 
 class AGEN;
 class TKERNEL;
+class VAL_RANGES;
 class VCMD;
 class VINSTR;
 class VMEM_INSTR;
 class VPEXPR;
 class VREG;
+class VSTORE;
 struct VLVALUE;
+
+namespace SSA {
+class GRAPH;
+}
 
 class TCMD {
  public:
@@ -49,6 +57,19 @@ class TCMD {
   // that the store then reads.
   void translate_round_sat(VMEM_INSTR& instr, VREG* reg, VREG*& reg_out, VREG* reg2,
                            VREG*& reg2_out);
+
+  // Histogram updates and table lookups, each on a table of its own.
+  void translate_vhup(VINSTR& instr);
+  void translate_vtld(VINSTR& instr);
+  // The table of a group of stores that write one table; a group without
+  // one takes the next free table, which may be null.
+  LHT_TEMPLATE* lut_from_scatter_group(int32_t group);
+  // Sizes, configures, opens and copies the tables in use, ahead of the
+  // loop nest; a table that the loop changes is copied back behind it.
+  void lht_setup(VAL_RANGES& ranges);
+  // A saturation whose input the ranges prove to lie within its bounds
+  // prints nothing.
+  void mark_unneeded_saturates(SSA::GRAPH& graph, VAL_RANGES& ranges);
 
   // Operations, prints and the streams of memory accesses.
   void translate_vop(VINSTR& instr);
@@ -85,6 +106,7 @@ class TCMD {
   VCMD* vcmd;
   SE_TABLE se_table;
   SA_TABLE sa_table;
+  LHT_TABLE lht_table;
   LOOP root_loop;
   LOOP* top_loop;
   bool has_repeat = false;
@@ -93,6 +115,7 @@ class TCMD {
   uint32_t id;
   std::vector<BBLOCK*> blocks;
   std::vector<AGEN*> agens_done;  // in the order they were done
+  std::map<int32_t, LHT_TEMPLATE*> scatter_groups;
 
   static uint32_t id_counter;
 
@@ -107,6 +130,8 @@ class TCMD {
   void declare_collate_ptr(LOOP* loop, const std::string& name, const TEXPR* base);
   // Plain generator code for an access that got no stream.
   void setup_plain_agen(AGEN* a);
+  // The table that a store of a scatter group writes.
+  void set_scatter_table(LHT_TEMPLATE& lht, const VSTORE& vstore);
 };
 
 #endif

@@ -1,16 +1,19 @@
 // Translation of loads, stores, register initialisation and moves, with the
-// copies that a store's rounding and saturation work on.
+// copies that a store's rounding and saturation work on, and the
+// saturations that value ranges prove needless.
 #include "ZELT_ZLC/driver.h"
 #include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vload.h"
 #include "ZELT_ZLC/vop.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "ZELT_ZLC/vstore.h"
+#include "translate/ssa.h"
 #include "translate/tcmd.h"
 #include "translate/texpr.h"
 #include "translate/tkernel.h"
 #include "translate/tmem.h"
 #include "translate/tround_sat.h"
+#include "translate/val_ranges.h"
 
 const VPEXPR* TCMD::transpose_address(const VLVALUE* lv, bool load) const {
   if (!lv->offset || !lv->base) return lv->addr;
@@ -91,6 +94,13 @@ void TCMD::translate_vstore(VINSTR& instr) {
     store->collate_ptr = new_collate_ptr();
     declare_collate_ptr(&root_loop, store->collate_ptr, store->base_);
   }
+  const bool table_write =
+      vstore.dist == VSTORE::LUT_SCATTER || vstore.dist == VSTORE::LUT_OFFSET_NP1;
+  if (vstore.dist == VSTORE::TABLE_NPT) store->lht_ = lht_table.templates[0].get();
+  if (table_write) {
+    store->lht_ = lut_from_scatter_group(vstore.lut_index);
+    if (store->lht_) set_scatter_table(*store->lht_, vstore);
+  }
   store->scatter = vstore.scatter_vreg;
   store->pred = vstore.pred;
   store->agen_ = lv->agen;
@@ -99,6 +109,7 @@ void TCMD::translate_vstore(VINSTR& instr) {
   store->dist = vstore.dist;
   store->lv = vstore.lv;
   append_tinstr(store);
+  if (table_write && store->lht_) store->lht_->users.push_back(store);
   for (VREG* reg : {store->src, store->src2, store->scatter, store->pred}) store->declare_vreg(reg);
 }
 
@@ -130,6 +141,24 @@ void TCMD::translate_round_sat(VMEM_INSTR& instr, VREG* reg, VREG*& reg_out, VRE
     append_tinstr(kernel_new<TSAT>(*this, reg_out, instr.round_sat, type));
     if (reg2) append_tinstr(kernel_new<TSAT>(*this, reg2_out, instr.round_sat, type));
   }
+}
+
+void TCMD::mark_unneeded_saturates(SSA::GRAPH& graph, VAL_RANGES& ranges) {
+  for (BBLOCK* block : blocks)
+    for (TINSTR* instr : block->instrs) {
+      if (!instr->is_tsat()) continue;
+      const VAL_RANGE* in = ranges.get_operand_range(instr, 0, 0);
+      const VAL_RANGE* out = ranges.get_range(graph.get_node(instr, 0));
+      if (!in || !out || in->is_indeterminate() || out->is_indeterminate()) continue;
+      const VPEXPR* bounds[] = {in->get_min(), in->get_max(), out->get_min(), out->get_max()};
+      bool numeric = true;
+      for (const VPEXPR* bound : bounds) numeric = numeric && bound_is_numeric(bound);
+      if (!numeric) continue;
+      // A signed constant reads as a signed 32-bit value, any other as unsigned.
+      if (in->get_min()->value64() >= out->get_min()->value64() &&
+          in->get_max()->value64() <= out->get_max()->value64())
+        static_cast<TSAT*>(instr)->unneeded = true;
+    }
 }
 
 void TCMD::translate_vinit(VINSTR& instr) {

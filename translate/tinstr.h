@@ -16,6 +16,7 @@ class LHT_TEMPLATE;
 class SREG;
 class STREAM_TEMPLATE;
 class TEXPR;
+class VAL_RANGE;
 class VREG;
 
 class TINSTR {
@@ -41,6 +42,10 @@ class TINSTR {
   virtual std::vector<VREG*> src_regs() const { return {}; }
   // The short name of the class, "LOAD".
   virtual std::string instr_string() const = 0;
+  // Narrows `range`, the range of this instruction's destination, from the
+  // ranges of its operands (null for a null operand); true when it changed.
+  // An instruction that carries no range forward makes it indeterminate.
+  virtual bool find_range(VAL_RANGE* range, const std::vector<VAL_RANGE*>& operands);
   virtual bool is_transpose() const { return false; }
 
   // Tests of the dynamic class; each is defined beside the class it names.
@@ -53,10 +58,15 @@ class TINSTR {
   bool is_tround() const;
   bool is_tainit() const;
   bool is_taincr() const;
+  bool is_tvlookup() const;
+  bool is_tvhist() const;
   bool is_seopen() const;
   bool is_seclose() const;
   bool is_saopen() const;
   bool is_saclose() const;
+  bool is_lht_copyin() const;
+  bool is_lht_copyout() const;
+  bool is_lht_open() const;
   bool is_tvexit() const;
   bool is_tvprint() const;
   bool is_beginloop() const;

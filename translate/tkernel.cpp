@@ -4,7 +4,11 @@
 
 #include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vcmd.h"
+#include "translate/lut_scatter.h"
+#include "translate/q9k_transpose.h"
+#include "translate/ssa.h"
 #include "translate/tcmd.h"
+#include "translate/val_ranges.h"
 
 TKERNEL::TKERNEL(std::ostream& outfile, std::ostream& header_file)
     : VKERNEL(outfile, header_file), scope(this) {}
@@ -13,9 +17,11 @@ VKERNEL* new_translation_kernel(std::ostream& outfile, std::ostream& header_file
   return kernel_new<TKERNEL>(outfile, header_file);
 }
 
-// The transpose and table scatter rewrites of the model come first, once
-// they exist; each vector loop is then translated in source order.
+// The transpose and table scatter rewrites of the model come first; each
+// vector loop is then translated in source order.
 void TKERNEL::translate_for_9k() {
+  do_transpose_transformation(this);
+  do_lut_scatter_transformation(this);
   for (VCMD* vcmd : vcmds) translate_vcmd(vcmd);
 }
 
@@ -23,9 +29,12 @@ void TKERNEL::translate_vcmd(VCMD* vcmd) {
   auto* cmd = kernel_new<TCMD>(*this, vcmd);
   tcmds.push_back(cmd);
   cmd->translate_vblock(&vcmd->root, &cmd->root_loop);
-  // The SSA graph and the value ranges over it plug in here: saturations
-  // that the ranges prove needless are marked, then the lookup and
-  // histogram tables are set up.  Without ranges every saturation stays.
+  // The graph and the ranges live for this loop only: the ranges of the
+  // values decide which saturations go and how large the tables are.
+  SSA::GRAPH graph(cmd);
+  VAL_RANGES ranges(graph);
+  cmd->mark_unneeded_saturates(graph, ranges);
+  cmd->lht_setup(ranges);
   cmd->analyze_addressing();
 }
 

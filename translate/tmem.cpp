@@ -7,6 +7,7 @@
 #include "ZELT_ZLC/vop.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "ZELT_ZLC/vreg.h"
+#include "translate/lht.h"
 #include "translate/loop.h"
 #include "translate/stream.h"
 #include "translate/tcmd.h"
@@ -118,6 +119,7 @@ unsigned TVSTORE::nelem() const {
     case 3: case 8: return 2 * w;
     case 5: return 0;
     case 6: case 7: case 11: return 8;
+    case 9: return lht_ ? lht_->elements_per_lookup() : w;
     default: return w;
   }
 }
@@ -129,9 +131,29 @@ std::vector<VREG*> TVSTORE::src_regs() const {
   return regs;
 }
 
+// The address of a table write: the generator, or the stream's pointer,
+// and the offset of the reference.
+void TVSTORE::format_table_location(std::ostream& out) const {
+  if (stream_)
+    out << "(long long)SAptr<" << type.get_name() << "," << sa_tag() << ">(NULL).addr()";
+  else
+    out << name_of(agen_);
+  if (offset && !pexpr_is(offset->pexpr, 0)) out << " + " << offset->ref(true);
+}
+
 void TVSTORE::format(std::ostream& out) const {
+  if (dist == 11 || dist == 12) {
+    INDENT::indent(out) << (lht_ ? lht_->template_name() : std::string())
+                        << (dist == 11 ? "::scatter(" : "::offset_np1(") << name_of(src) << ", ";
+    format_table_location(out);
+    if (dist == 11) out << ", " << name_of(scatter);
+    out << ");\n";
+    return;
+  }
   INDENT::indent(out) << "zelt_store<" << type.get_name() << ", " << dist_word(dist) << ", "
-                      << sa_tag() << ">::";
+                      << sa_tag();
+  if (dist == 9) out << ", " << (lht_ ? lht_->elements_per_lookup() : 0);
+  out << ">::";
   if (dist == 5) {
     out << "store(" << name_of(src) << ", " << collate_ptr << ", " << name_of(pred) << ");\n";
     return;

@@ -45,6 +45,7 @@ class TVLOAD : public TVMEM {
   unsigned nelem() const override;
   std::vector<VREG*> dst_regs() const override;
   std::string instr_string() const override { return "LOAD"; }
+  bool find_range(VAL_RANGE* range, const std::vector<VAL_RANGE*>& operands) override;
 
   // The distribution word of a load, "npt"; empty for an unknown value.
   static std::string dist_word(int32_t dist);
@@ -67,6 +68,7 @@ class TVSTORE : public TVMEM {
 
   // The distribution word of a store, "npt"; empty for an unknown value.
   static std::string dist_word(int32_t dist);
+  void format_table_location(std::ostream& out) const;
 
   VREG* src = nullptr;
   VREG* src2 = nullptr;
@@ -83,6 +85,7 @@ class TVINIT : public TINSTR {
   void format(std::ostream& out) const override;
   std::vector<VREG*> dst_regs() const override { return {reg}; }
   std::string instr_string() const override { return "INIT"; }
+  bool find_range(VAL_RANGE* range, const std::vector<VAL_RANGE*>& operands) override;
 
   VREG* reg;
   TEXPR* value;
@@ -115,6 +118,7 @@ class TVMOVE : public TINSTR {
   std::vector<VREG*> dst_regs() const override { return {dst}; }
   std::vector<VREG*> src_regs() const override;
   std::string instr_string() const override { return "MOVE"; }
+  bool find_range(VAL_RANGE* range, const std::vector<VAL_RANGE*>& operands) override;
 
   bool is_conditional() const;
 

@@ -24,6 +24,7 @@ class TROUND : public TINSTR {
   std::vector<VREG*> dst_regs() const override { return {reg}; }
   std::vector<VREG*> src_regs() const override { return {reg}; }
   std::string instr_string() const override { return "ROUND"; }
+  bool find_range(VAL_RANGE* range, const std::vector<VAL_RANGE*>& operands) override;
 
   // The mode of a memory instruction's rounding, and of an operation's.
   static int32_t translate(ROUND_SAT::ROUND_MODE mode);
@@ -47,6 +48,9 @@ class TSAT : public TINSTR {
   std::vector<VREG*> dst_regs() const override { return {reg}; }
   std::vector<VREG*> src_regs() const override { return {reg}; }
   std::string instr_string() const override { return "SAT"; }
+  // The range of the bounds: the tests for the two-bound kinds, the values
+  // set for the four-bound kind.
+  bool find_range(VAL_RANGE* range, const std::vector<VAL_RANGE*>& operands) override;
 
   // The bit width that the bounds span, or 0.  The bounds -1 and 0 give 2.
   static int32_t bounds_are_bit_width(int64_t min, int64_t max);

@@ -31,6 +31,8 @@ __vector& operator+=(__vector&, __vector);
 __vector& operator&=(__vector&, __vector);
 __vector& operator|=(__vector&, __vector);
 __vector& operator<<=(__vector&, int);
+// An index register moved on by a table's generator offset.
+inline __vector operator+(__vector v, int offset) { return __vector(v.s0 + offset); }
 __vector __abs(__vector);
 __vector __min(__vector, __vector);
 __vector __max(__vector, __vector);

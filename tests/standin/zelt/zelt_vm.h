@@ -157,6 +157,74 @@ struct saturate_to_range {
                     int32_t hi_set);
 };
 
+// Tables in the target's table memory.  ID is lut_id<slot, bytes>: the
+// table's slot and its share of the table memory.  These are defined, so
+// that generated sources also link.
+template <int SLOT, int BYTES>
+struct lut_id {};
+
+template <class T, int OBJS, int PTS, int DUP, class ID>
+struct zelt_table {
+  static uint32_t config() { return 0; }
+  static uint32_t copy_in_config() { return 0; }
+  static uint32_t copy_out_config() { return 0; }
+  static __SE_TEMPLATE_v1 copy_in_SE_config(uint32_t) { return {}; }
+  static __SA_TEMPLATE_v1 copy_out_SA_config(uint32_t) { return {}; }
+  static void open(int, uint32_t) {}
+  // Lookup and histogram tables stream through an engine or a generator;
+  // scatter tables copy a size computed in the loop.
+  static void copy_table_in(void*, uint32_t, uint32_t, __SE_TEMPLATE_v1) {}
+  static void copy_table_in(void*, uint32_t, uint32_t) {}
+  static void copy_table_out(void*, uint32_t, uint32_t, __SA_TEMPLATE_v1) {}
+  static void copy_table_out(void*, uint32_t, uint32_t) {}
+};
+
+template <class T, int OBJS, int PTS, int DUP, class ID>
+struct zelt_lookup : zelt_table<T, OBJS, PTS, DUP, ID> {
+  static void lookup(__vector& dst, __vector index) { dst = index; }
+};
+
+template <class T, int OBJS, int PTS, int DUP, class ID>
+struct zelt_hist : zelt_table<T, OBJS, PTS, DUP, ID> {
+  static void hist_update(__vector& dst, __vector data) { dst = data; }
+  static void whist_update(__vector& dst, __vector data, __vector weight) {
+    dst = __vector(data.s0 + weight.s0);
+  }
+};
+
+template <class T, int OBJS, int PTS, int DUP, class ID>
+struct zelt_scatter : zelt_table<T, OBJS, PTS, DUP, ID> {
+  static void scatter(__vector, long long, __vector) {}
+  static void offset_np1(__vector, long long) {}
+  static int32_t max_index(__vector offsets) { return offsets.s0; }
+  static int32_t scatter_size(uint32_t max_agen, int32_t max_index, uint32_t max_offset) {
+    return static_cast<int32_t>(max_agen + max_offset) + max_index;
+  }
+};
+
+// The pointer of a streaming address generator, for table writes.
+template <class T, class TAG>
+struct SAptr {
+  explicit SAptr(const void* base) : base(base) {}
+  long long addr() const { return reinterpret_cast<long long>(base); }
+  const void* base;
+};
+
+// Extents of a scatter table, computed by the init function.
+template <class... V>
+uint32_t max8(V... values) {
+  uint32_t most = 0;
+  ((most = static_cast<uint32_t>(values) > most ? static_cast<uint32_t>(values) : most), ...);
+  return most;
+}
+
+// The farthest a generator gets: (count - 1) * stride over each level.
+inline uint32_t max_agen() { return 0; }
+template <class C, class S, class... R>
+uint32_t max_agen(C count, S stride, R... rest) {
+  return (static_cast<uint32_t>(count) - 1) * static_cast<uint32_t>(stride) + max_agen(rest...);
+}
+
 }  // namespace ZELT_VM
 
 #endif

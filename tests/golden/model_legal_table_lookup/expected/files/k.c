@@ -19,8 +19,11 @@ typedef struct
    struct
    {
       int32_t p0;
-      __SE_TEMPLATE_v1 p1;
-      __SA_TEMPLATE_v1 p2;
+      uint32_t p1;
+      uint32_t p2;
+      __SE_TEMPLATE_v1 p3;
+      __SE_TEMPLATE_v1 p4;
+      __SA_TEMPLATE_v1 p5;
    } tvals [1];
 } lut_loop0_tvals_t;
 
@@ -57,8 +60,11 @@ extern "C" unsigned int lut_init(
    tvals->n = n;
 
    tvals->loop0.tvals[0].p0 = n / ZELT_SIMD_WIDTH;
-   tvals->loop0.tvals[0].p1 = SE_init<uint16_t, zelt_load<uint16_t, npt>, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
-   tvals->loop0.tvals[0].p2 = SA_init<uint16_t, 8, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+   tvals->loop0.tvals[0].p1 = zelt_lookup<uint16_t, 1, 8, 1, lut_id<0, 32768> >::config();
+   tvals->loop0.tvals[0].p2 = zelt_lookup<uint16_t, 1, 8, 1, lut_id<0, 32768> >::copy_in_config();
+   tvals->loop0.tvals[0].p3 = zelt_lookup<uint16_t, 1, 8, 1, lut_id<0, 32768> >::copy_in_SE_config(1024);
+   tvals->loop0.tvals[0].p4 = SE_init<uint16_t, zelt_load<uint16_t, npt>, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
+   tvals->loop0.tvals[0].p5 = SA_init<uint16_t, 8, TRANSPOSE_OFF>::apply(8, ZELT_SIMD_WIDTH/2, n / ZELT_SIMD_WIDTH, 0/2, 1, 0/2, 1, 0/2, 1, 0/2, 1);
 
    return __PBLOCK_SIZE(lut_tvals_t);
 }
@@ -69,16 +75,22 @@ extern "C" void lut_vloops(
    lut_tvals_t* tvals = (lut_tvals_t*)pblock;
 
    __vptr_uint16 idx = tvals->idx;
+   __vptr_uint16 table = tvals->table;
    __vptr_uint16 out = tvals->out;
 
    int32_t __p0 = tvals->loop0.tvals[0].p0;
-   __SE_TEMPLATE_v1 __p1 = tvals->loop0.tvals[0].p1;
-   __SA_TEMPLATE_v1 __p2 = tvals->loop0.tvals[0].p2;
+   uint32_t __p1 = tvals->loop0.tvals[0].p1;
+   uint32_t __p2 = tvals->loop0.tvals[0].p2;
+   __SE_TEMPLATE_v1 __p3 = tvals->loop0.tvals[0].p3;
+   __SE_TEMPLATE_v1 __p4 = tvals->loop0.tvals[0].p4;
+   __SA_TEMPLATE_v1 __p5 = tvals->loop0.tvals[0].p5;
 
    int32_t i;
 
-   __SA0_OPEN(__p2);
-   __SE0_OPEN((void*)idx, __p1);
+   __SA0_OPEN(__p5);
+   zelt_lookup<uint16_t, 1, 8, 1, lut_id<0, 32768> >::copy_table_in((void*)table, 1024, __p2, __p3);
+   zelt_lookup<uint16_t, 1, 8, 1, lut_id<0, 32768> >::open(0, __p1);
+   __SE0_OPEN((void*)idx, __p4);
 
    #pragma MUST_ITERATE(1,65535,)
    #pragma PARALLEL_LOOP
@@ -88,7 +100,8 @@ extern "C" void lut_vloops(
       __vector y;
 
       zelt_load<uint16_t, npt, se0adv>::SE_load(x);
-      zelt_store<uint16_t, table_npt, sa0adv>::store_pred(y, (void*)(out), x);
+      zelt_lookup<uint16_t, 1, 8, 1, lut_id<0, 32768> >::lookup(y, x);
+      zelt_store<uint16_t, table_npt, sa0adv, 8>::store_pred(y, (void*)(out), x);
    }
    __SA0_CLOSE();
    __SE0_CLOSE();

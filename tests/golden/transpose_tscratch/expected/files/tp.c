@@ -1,0 +1,150 @@
+#pragma diag_suppress 179,552
+#define ZELT_9K_TRANSLATION 1
+
+#ifdef ZELT_SIMD_WIDTH
+#  if ZELT_SIMD_WIDTH != 8
+#    error "Expected ZELT_SIMD_WIDTH to be 8!"
+#  endif
+#  undef ZELT_SIMD_WIDTH
+#endif
+#define ZELT_SIMD_WIDTH 8
+
+#include <zelt/zelt.h>
+#include <zelt/zelt_vm.h>
+
+using namespace ZELT_VM;
+
+typedef struct
+{
+   struct
+   {
+      __SA_TEMPLATE_v1 p0;
+      __SE_TEMPLATE_v1 p1;
+   } tvals [1];
+} tp_loop0_tvals_t;
+
+typedef struct
+{
+   struct
+   {
+      __SE_TEMPLATE_v1 p0;
+      __SA_TEMPLATE_v1 p1;
+   } tvals [1];
+} tp_loop1_tvals_t;
+
+typedef struct
+{
+   __vptr_int32 src;
+   __vptr_int32 buf;
+   __vptr_int32 dst;
+   tp_loop0_tvals_t loop0;
+   tp_loop1_tvals_t loop1;
+} tp_tvals_t;
+
+__attribute__((section(".zelt_parameter_block")))
+__attribute__((aligned(__ALIGNOF__(int))))
+uint16_t __pblock_tp[ __PBLOCK_SIZE(tp_tvals_t) ];
+
+extern "C" unsigned int tp_param_count(void)
+{
+   return __PBLOCK_SIZE(tp_tvals_t);
+}
+
+extern "C" unsigned int tp_init(
+   __vptr_int32 src,
+   __vptr_int32 buf,
+   __vptr_int32 dst,
+   unsigned short pblock[])
+{
+   tp_tvals_t* tvals = (tp_tvals_t*)pblock;
+
+   tvals->src = src;
+   tvals->buf = buf;
+   tvals->dst = dst;
+
+   // loop 0
+   tvals->loop0.tvals[0].p0 = SA_init<int32_t, 1, TRANSPOSE_ON>::apply(8, 0/4, 1, 0/4, 1, 0/4, 1, 0/4, 1, 0/4, 1);
+   tvals->loop0.tvals[0].p1 = SE_init<int32_t, zelt_load<int32_t, npt>, TRANSPOSE_OFF>::apply(64, 0/4, 1, 0/4, 1, 0/4, 1, 0/4, 1, 0/4, 1);
+   // loop 1
+   tvals->loop1.tvals[0].p0 = SE_init<int32_t, zelt_load<int32_t, transpose>, TRANSPOSE_ON>::apply(0, 36/4, 8, 0/4, 1, 0/4, 1, 0/4, 1, 0/4, 1);
+   tvals->loop1.tvals[0].p1 = SA_init<int32_t, 8, TRANSPOSE_OFF>::apply(64, 0/4, 1, 0/4, 1, 0/4, 1, 0/4, 1, 0/4, 1);
+
+   return __PBLOCK_SIZE(tp_tvals_t);
+}
+
+extern "C" void tp_vloops(
+   unsigned short pblock[])
+{
+   tp_tvals_t* tvals = (tp_tvals_t*)pblock;
+
+   __vptr_int32 src = tvals->src;
+   __vptr_int32 buf = tvals->buf;
+   __vptr_int32 dst = tvals->dst;
+
+   // loop 0
+   {
+      __SA_TEMPLATE_v1 __p0 = tvals->loop0.tvals[0].p0;
+      __SE_TEMPLATE_v1 __p1 = tvals->loop0.tvals[0].p1;
+
+      int32_t i;
+
+      __SA0_OPEN(__p0);
+      __SE0_OPEN((void*)src, __p1);
+
+      #pragma MUST_ITERATE(1,65535,)
+      #pragma PARALLEL_LOOP
+      for (i = 0; i < 8; ++i)
+      {
+         __vector v;
+
+         zelt_load<int32_t, npt, se0adv>::SE_load(v);
+         zelt_store<int32_t, transpose, sa0adv>::store(v, (void*)(buf));
+      }
+      __SE0_CLOSE();
+      __SA0_CLOSE();
+   }
+   // loop 1
+   {
+      __SE_TEMPLATE_v1 __p0 = tvals->loop1.tvals[0].p0;
+      __SA_TEMPLATE_v1 __p1 = tvals->loop1.tvals[0].p1;
+
+      int32_t j;
+
+      __SA0_OPEN(__p1);
+      __SE0_OPEN((void*)buf, __p0);
+
+      #pragma MUST_ITERATE(1,65535,)
+      #pragma PARALLEL_LOOP
+      for (j = 0; j < 8; ++j)
+      {
+         __vector w;
+
+         zelt_load<int32_t, transpose, se0adv>::SE_load(w);
+         zelt_store<int32_t, npt, sa0adv>::store(w, (void*)(dst));
+      }
+      __SA0_CLOSE();
+      __SE0_CLOSE();
+   }
+}
+
+extern "C" void tp(
+   __vptr_int32 src,
+   __vptr_int32 buf,
+   __vptr_int32 dst)
+{
+   tp_init(src, buf, dst, __pblock_tp);
+
+   tp_vloops(__pblock_tp);
+}
+
+extern "C" void tp_custom(
+   __vptr_int32 src,
+   __vptr_int32 buf,
+   __vptr_int32 dst,
+   unsigned short pblock[])
+{
+   tp_init(src, buf, dst, pblock);
+
+   tp_vloops(pblock);
+}
+
