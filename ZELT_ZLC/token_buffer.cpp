@@ -6,6 +6,7 @@
 #include <cassert>
 
 #include "DIAG/diag.h"
+#include "ZELT_ZLC/token_scan.h"
 
 namespace {
 
@@ -55,23 +56,20 @@ void TOKEN_BUFFER::lex_all() {
   lexed = true;
   pANTLR3_TOKEN_SOURCE source_of_tokens = lexer->rec->state->tokSource;
   pANTLR3_TOKEN_FACTORY factory = lexer->rec->state->tokFactory;
-  bool first = true;
+  // What all token objects share: the functions and string factory of a
+  // lexer token, the default channel, no line start or custom data, and
+  // memory that the runtime never frees.
+  prototype = *factory->newToken(factory);
+  prototype.channel = ANTLR3_TOKEN_DEFAULT_CHANNEL;
+  prototype.lineStart = nullptr;
+  prototype.custom = nullptr;
+  prototype.factoryMade = ANTLR3_TRUE;
+  factory->reset(factory);
   for (;;) {
     skip_white_space();
+    if (scan_plain_token()) continue;
     pANTLR3_COMMON_TOKEN token = source_of_tokens->nextToken(source_of_tokens);
-    if (!token) break;
-    if (first) {
-      // What all token objects share: the functions, the default channel,
-      // no line start or custom data, and memory that the runtime never
-      // frees.
-      prototype = *token;
-      prototype.channel = ANTLR3_TOKEN_DEFAULT_CHANNEL;
-      prototype.lineStart = nullptr;
-      prototype.custom = nullptr;
-      prototype.factoryMade = ANTLR3_TRUE;
-      first = false;
-    }
-    if (token->getType(token) == ANTLR3_TOKEN_EOF) break;
+    if (!token || token->getType(token) == ANTLR3_TOKEN_EOF) break;
     // A token takes the stream of its factory when its memory is first
     // used; a token in reused memory keeps the stream of the first.
     record(token, factory->input);
@@ -86,16 +84,46 @@ void TOKEN_BUFFER::lex_all() {
 // making the token.
 void TOKEN_BUFFER::skip_white_space() {
   pANTLR3_INPUT_STREAM input = lexer->input;
-  pANTLR3_INT_STREAM is = input->istream;
-  const auto* end = static_cast<const unsigned char*>(input->data) + input->sizeBuf;
-  for (;;) {
-    const auto* next = static_cast<const unsigned char*>(input->nextChar);
-    if (next >= end) break;
-    const unsigned char c = *next;
-    if (c != ' ' && c != '\t' && c != '\n' && c != '\f' && c != '\r') break;
-    is->consume(is);
+  const char* next = static_cast<const char*>(input->nextChar);
+  const char* end = static_cast<const char*>(input->data) + input->sizeBuf;
+  const char* stop = next;
+  while (stop < end && (*stop == ' ' || *stop == '\t' || *stop == '\n' || *stop == '\f' || *stop == '\r'))
+    ++stop;
+  advance(input, static_cast<size_t>(stop - next));
+  previous_end = static_cast<uint64_t>(stop - source.data());
+}
+
+// A plain token is recorded without the lexer; a comment is passed over.
+bool TOKEN_BUFFER::scan_plain_token() {
+  pANTLR3_INPUT_STREAM input = lexer->input;
+  const char* next = static_cast<const char*>(input->nextChar);
+  const char* end = static_cast<const char*>(input->data) + input->sizeBuf;
+  if (next >= end) return false;
+  const SCANNED_TOKEN token = scan_token(next, end);
+  if (token.type == 0) return false;
+  const auto start = static_cast<uint64_t>(next - source.data());
+  if (!token.hidden)
+    entries.push_back({static_cast<uint32_t>(start), static_cast<uint32_t>(start + token.length - 1),
+                       input->line, input->charPositionInLine, token.type,
+                       stream_index(lexer->rec->state->tokFactory->input)});
+  advance(input, token.length);
+  previous_end = start + token.length;
+  return true;
+}
+
+// Moves the stream over `count` characters as consuming them one by one
+// would: a line feed starts a new line.
+void TOKEN_BUFFER::advance(pANTLR3_INPUT_STREAM input, size_t count) {
+  const auto* next = static_cast<const char*>(input->nextChar);
+  for (const char* stop = next + count; next < stop; ++next) {
+    ++input->charPositionInLine;
+    if (static_cast<unsigned char>(*next) == input->newlineChar) {
+      ++input->line;
+      input->charPositionInLine = 0;
+      input->currentLine = const_cast<char*>(next + 1);
+    }
   }
-  previous_end = static_cast<uint64_t>(static_cast<const char*>(input->nextChar) - source.data());
+  input->nextChar = const_cast<char*>(next);
 }
 
 void TOKEN_BUFFER::record(pANTLR3_COMMON_TOKEN token, pANTLR3_INPUT_STREAM input) {

@@ -73,6 +73,8 @@ class TOKEN_BUFFER {
 
   void lex_all();
   void skip_white_space();
+  bool scan_plain_token();
+  static void advance(pANTLR3_INPUT_STREAM input, size_t count);
   void record(pANTLR3_COMMON_TOKEN token, pANTLR3_INPUT_STREAM input);
   uint32_t stream_index(pANTLR3_INPUT_STREAM input);
   pANTLR3_COMMON_TOKEN token_at(int64_t position);
