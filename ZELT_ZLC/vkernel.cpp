@@ -16,7 +16,7 @@
 VKERNEL* curr_vkernel = nullptr;
 VCMD* curr_vcmd = nullptr;
 
-VKERNEL* new_vkernel(std::ostream& outfile, std::ostream& header_file) {
+VKERNEL* new_vkernel(TEXT_OUT& outfile, TEXT_OUT& header_file) {
   return new_translation_kernel(outfile, header_file);
 }
 
@@ -24,7 +24,7 @@ namespace {
 bool option_given(option_obj::option_id id) { return global_opts && global_opts->state[id] != 0; }
 }  // namespace
 
-VKERNEL::VKERNEL(std::ostream& outfile, std::ostream& header_file)
+VKERNEL::VKERNEL(TEXT_OUT& outfile, TEXT_OUT& header_file)
     : outfile(outfile), header_file(header_file), cpp_out(option_given(option_obj::OO_CPP_OUT)) {
   for (int32_t number = 0; number < internal_vregs; ++number)
     vregs.new_vreg(srcloc_internal, "V" + std::to_string(number), number);
@@ -38,8 +38,10 @@ void VKERNEL::format() {
   format_initializer();
   format_vloops();
   format_runner();
-  const auto* file = dynamic_cast<const std::ofstream*>(&header_file);
+  const auto* file = dynamic_cast<const std::ofstream*>(&header_file.stream());
   if (!file || file->is_open()) format_header_file();
+  outfile.flush();
+  header_file.flush();
 }
 
 void VKERNEL::set_name(const std::string& kernel_name) {
@@ -143,7 +145,7 @@ void VKERNEL::check_kernel() {
 
 bool VKERNEL::profiling() const { return option_given(option_obj::OO_PROFILE); }
 
-void VKERNEL::format_profiler_var(std::ostream& out, const std::string& suffix, bool define) {
+void VKERNEL::format_profiler_var(TEXT_OUT& out, const std::string& suffix, bool define) {
   if (!profiling()) return;
   out << (define ? "" : "extern ") << "__TSC_TYPE " << name << "_" << suffix << "_cycles"
       << (define ? " = 0" : "") << ";\n";
@@ -173,12 +175,12 @@ void VKERNEL::format_profiler_log() {
 
 std::string VKERNEL::linkage_decl() const { return cpp_out ? "" : "extern \"C\" "; }
 
-void VKERNEL::format_function_signature(std::ostream& out, bool basic) const {
+void VKERNEL::format_function_signature(TEXT_OUT& out, bool basic) const {
   out << "void " << name << (basic ? "" : "_custom");
   parms.format_declarations(pblock_name, out, false, !basic, cpp_out);
 }
 
-void VKERNEL::format_init_sig(std::ostream& out) const {
+void VKERNEL::format_init_sig(TEXT_OUT& out) const {
   out << "unsigned int " << name << "_init";
   parms.format_declarations(pblock_name, out, false, true, cpp_out);
 }
@@ -202,7 +204,7 @@ std::string VKERNEL::format_preg_attrs() {
 }
 
 void VKERNEL::format_header_file() {
-  std::ostream& out = header_file;
+  TEXT_OUT& out = header_file;
   out << "/* Parameter Register Block */\n"
       << "extern unsigned short " << pblock_name << "[" << param_count << "];\n\n";
   if (profiling()) {

@@ -25,6 +25,7 @@ options {
 #include "ZELT_ZLC/expr_tree.h"
 #include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/driver.h"
+#include "ZELT_ZLC/text_out.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vctree.h"
@@ -51,7 +52,7 @@ kernel_definition
 @init {
   if (BACKTRACKING == 0) {
     KERNEL_OBJECTS::begin();  // the objects of the previous kernel go first
-    curr_vkernel = new_vkernel(outfile, header_file);
+    curr_vkernel = new_vkernel(source_text(), header_text());
   }
 }
   : kernel_header compound_statement

@@ -193,19 +193,19 @@ SA_TEMPLATE* SA_TABLE::allocate_sa(const SA_TEMPLATE& t) {
   return shared;
 }
 
-void SE_OPEN::format(std::ostream& out) const {
+void SE_OPEN::format(TEXT_OUT& out) const {
   INDENT::indent(out) << "__SE" << stream_->id << "_OPEN(" << base_->ref(true) << ", "
                       << stream_->init->ref(true) << ");\n";
 }
 
-void SA_OPEN::format(std::ostream& out) const {
+void SA_OPEN::format(TEXT_OUT& out) const {
   INDENT::indent(out) << "__SA" << stream_->id << "_OPEN(" << stream_->init->ref(true) << ");\n";
 }
 
-void SE_CLOSE::format(std::ostream& out) const {
+void SE_CLOSE::format(TEXT_OUT& out) const {
   INDENT::indent(out) << "__SE" << stream_->id << "_CLOSE();\n";
 }
 
-void SA_CLOSE::format(std::ostream& out) const {
+void SA_CLOSE::format(TEXT_OUT& out) const {
   INDENT::indent(out) << "__SA" << stream_->id << "_CLOSE();\n";
 }

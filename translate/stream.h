@@ -8,9 +8,9 @@
 #include <array>
 #include <cstdint>
 #include <memory>
-#include <ostream>
 #include <string>
 
+#include "ZELT_ZLC/text_out.h"
 #include "ZELT_ZLC/vdata_type.h"
 #include "translate/tinstr.h"
 
@@ -119,7 +119,7 @@ class SA_TABLE {
 class SE_OPEN : public TINSTR {
  public:
   SE_OPEN(SE_TEMPLATE* stream, TEXPR* base) : stream_(stream), base_(base) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::string instr_string() const override { return "SE_OPEN"; }
 
   SE_TEMPLATE* stream_;
@@ -130,7 +130,7 @@ class SE_OPEN : public TINSTR {
 class SA_OPEN : public TINSTR {
  public:
   explicit SA_OPEN(SA_TEMPLATE* stream) : stream_(stream) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::string instr_string() const override { return "SA_OPEN"; }
 
   SA_TEMPLATE* stream_;
@@ -140,7 +140,7 @@ class SA_OPEN : public TINSTR {
 class SE_CLOSE : public TINSTR {
  public:
   explicit SE_CLOSE(SE_TEMPLATE* stream) : stream_(stream) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::string instr_string() const override { return "SE_CLOSE"; }
 
   SE_TEMPLATE* stream_;
@@ -150,7 +150,7 @@ class SE_CLOSE : public TINSTR {
 class SA_CLOSE : public TINSTR {
  public:
   explicit SA_CLOSE(SA_TEMPLATE* stream) : stream_(stream) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::string instr_string() const override { return "SA_CLOSE"; }
 
   SA_TEMPLATE* stream_;

@@ -10,10 +10,10 @@
 #include "translate/tcmd.h"
 #include "translate/val_ranges.h"
 
-TKERNEL::TKERNEL(std::ostream& outfile, std::ostream& header_file)
+TKERNEL::TKERNEL(TEXT_OUT& outfile, TEXT_OUT& header_file)
     : VKERNEL(outfile, header_file), scope(this) {}
 
-VKERNEL* new_translation_kernel(std::ostream& outfile, std::ostream& header_file) {
+VKERNEL* new_translation_kernel(TEXT_OUT& outfile, TEXT_OUT& header_file) {
   return kernel_new<TKERNEL>(outfile, header_file);
 }
 
@@ -40,7 +40,7 @@ void TKERNEL::translate_vcmd(VCMD* vcmd) {
 
 bool TKERNEL::needs_update_function() { return parms.has_update_parms(); }
 
-void TKERNEL::format_update_sig(std::ostream& out) {
+void TKERNEL::format_update_sig(TEXT_OUT& out) {
   out << "void " << name << "_update";
   parms.format_declarations(pblock_name, out, true, true, cpp_out);
 }

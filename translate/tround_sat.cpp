@@ -29,7 +29,7 @@ int32_t TROUND::translate(VOP::ROUND_MODE mode) {
   return mode >= VOP::RM_ROUND && mode <= VOP::RM_SHIFT ? static_cast<int32_t>(mode) : NONE;
 }
 
-void TROUND::format(std::ostream& out) const {
+void TROUND::format(TEXT_OUT& out) const {
   INDENT::indent(out);
   if (mode == SHIFT) {
     out << reg->name << " <<= " << bits->ref(true) << ";\n";
@@ -80,7 +80,7 @@ int32_t TSAT::bounds_are_bit_width(int64_t min, int64_t max) {
   return 0;
 }
 
-void TSAT::format(std::ostream& out) const {
+void TSAT::format(TEXT_OUT& out) const {
   if (unneeded) return;
   const std::string from =
       type == VDATA_TYPE::uint32 ? type.get_name() : reg->type.get_name();

@@ -61,7 +61,7 @@ std::string TVAL_TABLE::type() const {
   return kernel->name + "_loop" + std::to_string(cmd->id) + "_tvals_t";
 }
 
-void TVAL_TABLE::format_init(std::ostream& out, bool update) const {
+void TVAL_TABLE::format_init(TEXT_OUT& out, bool update) const {
   LOOP* repeat = cmd->has_repeat ? cmd->root_loop.nested_loop() : nullptr;
   if (repeat) {
     INDENT::open(out);
@@ -82,7 +82,7 @@ void TVAL_TABLE::format_init(std::ostream& out, bool update) const {
   }
 }
 
-void TVAL_TABLE::format_typedef(std::ostream& out) const {
+void TVAL_TABLE::format_typedef(TEXT_OUT& out) const {
   out << "typedef struct\n{\n";
   if (rt) out << "   int32_t tripcount;\n";
   out << "   struct\n   {\n";

@@ -5,12 +5,12 @@
 
 #include <cstdint>
 #include <map>
-#include <ostream>
 #include <sstream>
 #include <string>
 
 #include "ZELT_ZLC/parm.h"
 #include "ZELT_ZLC/symtab.h"
+#include "ZELT_ZLC/text_out.h"
 
 class TCMD;
 class TKERNEL;
@@ -57,9 +57,9 @@ class TVAL_TABLE {
 
   // The assignments of the init function, or with `update` those of the
   // update function: only values that depend on update parameters.
-  void format_init(std::ostream& out, bool update) const;
+  void format_init(TEXT_OUT& out, bool update) const;
   // The typedef of the loop's value struct.
-  void format_typedef(std::ostream& out) const;
+  void format_typedef(TEXT_OUT& out) const;
 
   // "loop" and the loop's id: the member of the kernel's value struct.
   std::string name() const;

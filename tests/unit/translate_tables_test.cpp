@@ -6,6 +6,7 @@
 #include "ZELT_ZLC/vpexpr.h"
 #include "ZELT_ZLC/vstore.h"
 #include "options/register_option.h"
+#include "tests/unit/string_out.h"
 #include "tests/unit/translate_core_fixture.h"
 #include "translate/lht.h"
 #include "translate/ssa.h"
@@ -64,7 +65,7 @@ class TableTest : public TRANSLATE_TEST {
     return lht;
   }
   std::string text(const TINSTR& instr) {
-    std::ostringstream line;
+    STRING_OUT line;
     instr.format(line);
     return line.str();
   }

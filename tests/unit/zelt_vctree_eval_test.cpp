@@ -2,11 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
-#include <sstream>
 
 #include "ZELT_ZLC/driver.h"
 #include "ZELT_ZLC/vctree.h"
 #include "ZELT_ZLC/vkernel.h"
+#include "tests/unit/string_out.h"
 #include "zeltParser.h"
 
 namespace {
@@ -32,7 +32,7 @@ class ZeltVctreeTrees : public testing::Test {
   EXPR_TREE* lit(const char* text) { return node(INT_LITERAL, text); }
   EXPR_TREE* pexpr(EXPR_TREE* body) { return node(PEXPR, "PEXPR", {body}); }
 
-  std::stringstream out, header;
+  STRING_OUT out, header;
   VKERNEL* kernel = nullptr;
   EXPR_TREES trees;
 };
