@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what the build needs, then either translates the bundled example
-# ("example") or builds with the sanitizers and runs the whole test suite
-# ("test").
+# ("example") or builds with the sanitizers and runs the whole test suite and
+# the fuzz step of fuzz/run.sh ("test").
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -22,6 +22,7 @@ case "${1:-}" in
     cmake -S . -B build-test -DZLC_SANITIZE=ON > /dev/null
     cmake --build build-test -j2
     ctest --test-dir build-test -j2 --output-on-failure
+    bash fuzz/run.sh
     ;;
   *)
     echo "usage: $0 example|test" >&2

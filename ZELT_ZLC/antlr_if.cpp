@@ -99,6 +99,8 @@ ANTLR_INTERFACE::ANTLR_INTERFACE(std::string& text, const char* file_name) : sou
   lexer_rec->displayRecognitionError = displayRecognitionErrorLex;
   parser_rec->displayRecognitionError = displayRecognitionError;
   parser_rec->recoverFromMismatchedToken = recoverFromMismatchedToken;
+  exact_follows = parser_rec->combineFollows;
+  parser_rec->combineFollows = combineFollows;
 }
 
 ANTLR_INTERFACE::~ANTLR_INTERFACE() {
@@ -211,6 +213,13 @@ void* ANTLR_INTERFACE::recoverFromMismatchedToken(pANTLR3_BASE_RECOGNIZER recogn
   }
   state->error = ANTLR3_TRUE;
   return nullptr;
+}
+
+pANTLR3_BITSET ANTLR_INTERFACE::combineFollows(pANTLR3_BASE_RECOGNIZER recognizer,
+                                               ANTLR3_BOOLEAN exact) {
+  ANTLR_INTERFACE* ai = current_ai(recognizer);
+  if (exact) return ai->exact_follows(recognizer, exact);
+  return ai->follow_union.combine(recognizer->state->following);
 }
 
 void ANTLR_INTERFACE::displayRecognitionError(pANTLR3_BASE_RECOGNIZER recognizer,

@@ -14,6 +14,7 @@
 
 #include "DIAG/diag.h"
 #include "ZELT_ZLC/expr_tree.h"
+#include "ZELT_ZLC/follow_union.h"
 #include "ZELT_ZLC/token_buffer.h"
 
 struct zeltLexer_Ctx_struct;
@@ -59,6 +60,8 @@ class ANTLR_INTERFACE {
   // The parser's recovery from a token other than the one expected.
   static void* recoverFromMismatchedToken(pANTLR3_BASE_RECOGNIZER recognizer,
                                           ANTLR3_UINT32 expected, pANTLR3_BITSET_LIST follow);
+  // The union of the follow stack for error recovery, kept between calls.
+  static pANTLR3_BITSET combineFollows(pANTLR3_BASE_RECOGNIZER recognizer, ANTLR3_BOOLEAN exact);
 
   // The interface that owns a lexer or parser recogniser, or null.
   static ANTLR_INTERFACE* current_ai(pANTLR3_BASE_RECOGNIZER recognizer);
@@ -73,6 +76,8 @@ class ANTLR_INTERFACE {
   std::vector<const char*> rule_stack;
   std::unique_ptr<TOKEN_BUFFER> tokens;
   EXPR_TREES trees;
+  FOLLOW_UNION follow_union;
+  pANTLR3_BITSET (*exact_follows)(pANTLR3_BASE_RECOGNIZER, ANTLR3_BOOLEAN) = nullptr;
 };
 
 // The position of a token: its stream's name, line and column; "unknown",

@@ -64,5 +64,7 @@ class TEXT_OUT {
 // and `header_file`, each through one writer for the whole run.
 TEXT_OUT& source_text();
 TEXT_OUT& header_text();
+// Hands what the writers made so far hold to their streams; makes none.
+void flush_text_outputs();
 
 #endif

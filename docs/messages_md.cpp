@@ -1,13 +1,67 @@
 // Writes docs/messages.md, the list of every message of the catalogue with
-// its number, severity and text, to standard output.  The page is generated
-// so that it cannot drift from the catalogue; a test compares it with the
+// its number, severity and text, to standard output, and marks the messages
+// that no source of the tool raises.  The page is generated so that it cannot
+// drift from the catalogue or the sources; a test compares it with the
 // committed copy.
+// Usage: messages_md source-directory
+#include <cctype>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <set>
+#include <sstream>
 #include <string>
 
 #include "DIAG/diag.h"
 
 namespace {
+
+namespace fs = std::filesystem;
+
+// The class name of each catalogue record, by number.
+const std::map<int, std::string> class_names = {
+#define DIAG_MSG(NAME, CODE, ...) {CODE, #NAME},
+#include "DIAG/diag_messages.def"
+#undef DIAG_MSG
+};
+
+// Directories whose code is not the tool's: tests, benchmarks, this
+// generator, build trees and hidden directories.
+bool outside_the_tool(const std::string& dir) {
+  return dir.empty() || dir[0] == '.' || dir == "tests" || dir == "bench" || dir == "docs" ||
+         dir.rfind("build", 0) == 0;
+}
+
+bool is_name_char(char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_'; }
+
+// The message classes that the tool's sources name as DIAG::class: in C++
+// sources and headers and in the grammar, whose actions raise messages too.
+// A class that is named nowhere is never raised.
+std::set<std::string> raised_classes(const fs::path& source_dir) {
+  static const std::string prefix = "DIAG::";
+  static const std::set<std::string> code_extensions = {".cpp", ".h", ".g"};
+  std::set<std::string> raised;
+  for (auto it = fs::recursive_directory_iterator(source_dir);
+       it != fs::recursive_directory_iterator(); ++it) {
+    if (it->is_directory()) {
+      if (outside_the_tool(it->path().filename().string())) it.disable_recursion_pending();
+      continue;
+    }
+    if (!code_extensions.count(it->path().extension().string())) continue;
+    std::ifstream in(it->path());
+    std::stringstream text;
+    text << in.rdbuf();
+    const std::string code = text.str();
+    for (size_t at = code.find(prefix); at != std::string::npos; at = code.find(prefix, at)) {
+      at += prefix.size();
+      size_t end = at;
+      while (end < code.size() && is_name_char(code[end])) ++end;
+      raised.insert(code.substr(at, end - at));
+    }
+  }
+  return raised;
+}
 
 // A diagnostic that is never reported: it answers, for one record, whether
 // the message is discretionary, by the printer's own rule.
@@ -49,14 +103,22 @@ std::string cell_text(const char* text) {
 
 }  // namespace
 
-int main() {
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: %s source-directory\n", argv[0]);
+    return 2;
+  }
+  const std::set<std::string> raised = raised_classes(argv[1]);
   std::printf(
       "# Messages of zlc9k\n"
       "\n"
-      "<!-- Generated from DIAG/diag_messages.def by docs/messages_md.cpp; do not edit.\n"
+      "<!-- Generated from DIAG/diag_messages.def and the sources that raise the messages\n"
+      "     by docs/messages_md.cpp; do not edit.\n"
       "     Regenerate with: cmake --build BUILD-DIRECTORY --target messages_doc -->\n"
       "\n"
-      "Every message that zlc9k can print, by number. A message is printed as\n"
+      "Every message of the catalogue of zlc9k, by number. The catalogue also holds messages\n"
+      "that zlc9k never prints, shared with other tools or kept for checks that this tool does\n"
+      "not make; they are marked *not raised by this tool*. A message is printed as\n"
       "\n"
       "    \"file\", line N: severity: text\n"
       "\n"
@@ -86,8 +148,10 @@ int main() {
       std::printf("\n## %s\n\n| Number | Severity | Text |\n|---|---|---|\n", groups[group].title);
     }
     const bool discretionary = RECORD_PROBE(&info).is_discretionary();
-    std::printf("| %d%s | %s | %s |\n", info.code, discretionary ? "-D" : "",
-                DIAGNOSTIC::severity_name(info.severity), cell_text(info.std_msg).c_str());
+    const bool is_raised = raised.count(class_names.at(info.code)) != 0;
+    std::printf("| %d%s | %s | %s%s |\n", info.code, discretionary ? "-D" : "",
+                DIAGNOSTIC::severity_name(info.severity), cell_text(info.std_msg).c_str(),
+                is_raised ? "" : " *(not raised by this tool)*");
   }
   return 0;
 }

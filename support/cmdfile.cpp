@@ -1,19 +1,40 @@
 // Reading words from command files: comments, quotes and backslashes.
 #include "support/cmdfile.h"
 
+#include <sys/stat.h>
+
+#include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
+#include <vector>
 
 #include "DIAG/diag.h"
 
 FILE* cmd_file_stream = nullptr;
 
+namespace {
+
+// The files of the chain of command files being read: the one that the
+// command line named and each that named the next.
+std::vector<std::pair<dev_t, ino_t>> cmd_file_chain;
+
+}  // namespace
+
 void open_cmd_file(const char* name) {
+  const bool named_by_cmd_file = cmd_file_stream != nullptr;
   if (cmd_file_stream) std::fclose(cmd_file_stream);
   cmd_file_stream = std::fopen(name, "r");
   if (!cmd_file_stream) DIAG::gen_bad_file_open(name, std::strerror(errno)).report();
+  if (!named_by_cmd_file) cmd_file_chain.clear();
+  struct stat st;
+  if (fstat(fileno(cmd_file_stream), &st) != 0) return;
+  const std::pair<dev_t, ino_t> id(st.st_dev, st.st_ino);
+  if (std::find(cmd_file_chain.begin(), cmd_file_chain.end(), id) != cmd_file_chain.end())
+    DIAG::gen_cmd_file_cycle(name).report();
+  cmd_file_chain.push_back(id);
 }
 
 namespace {

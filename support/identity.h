@@ -33,7 +33,13 @@ void print_support_message();
 // message, and exits with status 2.
 [[noreturn]] void internal_error(const std::string& text);
 
-// Installs the handler of fatal signals; `program` names the tool in its texts.
-void install_fault_handler(const char* program);
+// Installs the handler of fatal signals; `program` names the tool in its
+// texts and `flush_outputs`, when given, writes out the output files before
+// the handler ends the run.  The handler runs on a stack of its own, so that
+// a stack overflow is reported like any other fault.
+void install_fault_handler(const char* program, void (*flush_outputs)() = nullptr);
+
+// Gives the calling thread its own stack for the fault handler.
+void use_fault_stack();
 
 #endif

@@ -1,0 +1,2 @@
+--no_warnings
+-@./first.cmd

@@ -1,0 +1,1 @@
+--no_warnings -@self.cmd a.k
