@@ -33,7 +33,7 @@ bool TVAL::matches(const std::string& other_type, const VPEXPR* expr) const {
 }
 
 void TVAL::add_pexpr(const VPEXPR* expr) {
-  assignment << init_ref() << " = " << expr->text << ";";
+  assignment += init_ref() + " = " + expr->text + ";";
   pexpr = expr;
 }
 
@@ -66,7 +66,7 @@ void TVAL_TABLE::format_init(TEXT_OUT& out, bool update) const {
   if (repeat) {
     INDENT::open(out);
     if (rt) {
-      INDENT::indent(out) << rt->assignment.str() << '\n';
+      INDENT::indent(out) << rt->assignment << '\n';
       INDENT::indent(out) << rt->type << " __" << rt->name << " = " << rt->init_ref() << ";\n";
     }
     INDENT::indent(out) << "int32_t " << repeat->lcv << ";\n";
@@ -74,7 +74,7 @@ void TVAL_TABLE::format_init(TEXT_OUT& out, bool update) const {
   }
   for (const auto& [number, tval] : by_number) {
     if (update && !tval->depends_on_update_parms()) continue;
-    INDENT::indent(out) << tval->assignment.str() << '\n';
+    INDENT::indent(out) << tval->assignment << '\n';
   }
   if (repeat) {
     INDENT::close(out);

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <map>
-#include <sstream>
 #include <string>
 
 #include "ZELT_ZLC/parm.h"
@@ -34,7 +33,7 @@ class TVAL : public SYMREG {
   TVAL_TABLE* table;
   std::string type;
   const VPEXPR* pexpr = nullptr;
-  std::ostringstream assignment;
+  std::string assignment;
 };
 
 // The run-time count of a repeat loop: one field for all repeat iterations.
