@@ -30,18 +30,19 @@ int32_t leading_zeros(uint32_t value) { return std::countl_zero(value); }
 
 }  // namespace
 
-LHT_TABLE::LHT_TABLE(TCMD& cmd) {
-  for (size_t i = 0; i < templates.size(); ++i)
-    templates[i] = std::make_unique<LHT_TEMPLATE>(&cmd, static_cast<int32_t>(i));
+LHT_TEMPLATE* LHT_TABLE::at(size_t id) {
+  if (!templates[id])
+    templates[id] = std::make_unique<LHT_TEMPLATE>(&cmd, static_cast<int32_t>(id));
+  return templates[id].get();
 }
 
 LHT_TEMPLATE* LHT_TABLE::allocate_lht() {
-  for (auto& lht : templates)
-    if (!lht->in_use) {
+  for (size_t id = 0; id < templates.size(); ++id)
+    if (LHT_TEMPLATE* lht = at(id); !lht->in_use) {
       lht->in_use = false;
       lht->open_instr = nullptr;
       ++lht_count;
-      return lht.get();
+      return lht;
     }
   return nullptr;
 }

@@ -108,14 +108,18 @@ class LHT_TEMPLATE {
                    const TEXPR* stream_config) const;
 };
 
+// Its templates are made at their first use: most loops have no table.
 class LHT_TABLE {
  public:
-  explicit LHT_TABLE(TCMD& cmd);
+  explicit LHT_TABLE(TCMD& cmd) : cmd(cmd) {}
 
   // The first template not in use, reset and counted; null when both are.
   LHT_TEMPLATE* allocate_lht();
+  // The template of slot `id`.
+  LHT_TEMPLATE* at(size_t id);
 
-  std::array<std::unique_ptr<LHT_TEMPLATE>, 2> templates;
+  std::array<std::unique_ptr<LHT_TEMPLATE>, 2> templates;  // null until used
+  TCMD& cmd;
   int32_t lht_count = 0;  // templates allocated in this loop
 };
 

@@ -159,36 +159,37 @@ void SA_TEMPLATE::copy(const SA_TEMPLATE& other) {
   icnt = other.icnt;
 }
 
-SE_TABLE::SE_TABLE(TCMD& cmd) {
-  for (int32_t id = 0; id < static_cast<int32_t>(templates.size()); ++id)
-    templates[id] = std::make_unique<SE_TEMPLATE>(&cmd, id);
+SE_TEMPLATE* SE_TABLE::at(size_t id) {
+  if (!templates[id]) templates[id] = std::make_unique<SE_TEMPLATE>(&cmd, static_cast<int32_t>(id));
+  return templates[id].get();
 }
 
 SE_TEMPLATE* SE_TABLE::allocate_se() {
-  for (auto& t : templates)
-    if (!t->in_use) {
+  for (size_t id = 0; id < templates.size(); ++id)
+    if (SE_TEMPLATE* t = at(id); !t->in_use) {
       t->reset();
-      return t.get();
+      return t;
     }
   return nullptr;
 }
 
-SA_TABLE::SA_TABLE(TCMD& cmd) {
-  for (int32_t id = 0; id < static_cast<int32_t>(templates.size()); ++id)
-    templates[id] = std::make_unique<SA_TEMPLATE>(&cmd, id, 2);
+SA_TEMPLATE* SA_TABLE::at(size_t id) {
+  if (!templates[id])
+    templates[id] = std::make_unique<SA_TEMPLATE>(&cmd, static_cast<int32_t>(id), 2);
+  return templates[id].get();
 }
 
 SA_TEMPLATE* SA_TABLE::allocate_sa(const SA_TEMPLATE& t) {
   SA_TEMPLATE* shared = nullptr;  // same pattern, other kind; taken only when all are in use
   for (auto& slot : templates) {
-    if (!slot->in_use || !slot->matches(t)) continue;
+    if (!slot || !slot->in_use || !slot->matches(t)) continue;
     if (slot->kind == t.kind) return slot.get();
     if (slot->kind != 3 && t.kind != 3) shared = slot.get();
   }
-  for (auto& slot : templates)
-    if (!slot->in_use) {
+  for (size_t id = 0; id < templates.size(); ++id)
+    if (SA_TEMPLATE* slot = at(id); !slot->in_use) {
       slot->copy(t);
-      return slot.get();
+      return slot;
     }
   return shared;
 }

@@ -92,27 +92,35 @@ class SA_TEMPLATE : public STREAM_TEMPLATE {
   void copy(const SA_TEMPLATE& other);
 };
 
+// The templates of a table are made at their first use: most loops use few
+// of them.
 class SE_TABLE {
  public:
-  explicit SE_TABLE(TCMD& cmd);
+  explicit SE_TABLE(TCMD& cmd) : cmd(cmd) {}
 
   // The first free engine, reset; null when both are taken.
   SE_TEMPLATE* allocate_se();
+  // The engine of slot `id`.
+  SE_TEMPLATE* at(size_t id);
 
-  std::array<std::unique_ptr<SE_TEMPLATE>, 2> templates;
+  std::array<std::unique_ptr<SE_TEMPLATE>, 2> templates;  // null until used
+  TCMD& cmd;
 };
 
 class SA_TABLE {
  public:
-  explicit SA_TABLE(TCMD& cmd);
+  explicit SA_TABLE(TCMD& cmd) : cmd(cmd) {}
 
   // A generator for the pattern `t`: one in use with the same kind and
   // pattern, else a free one taking a copy of `t`, else, when all are in
   // use, the last one with the same pattern and no transposing kind; null
   // when there is none.
   SA_TEMPLATE* allocate_sa(const SA_TEMPLATE& t);
+  // The generator of slot `id`.
+  SA_TEMPLATE* at(size_t id);
 
-  std::array<std::unique_ptr<SA_TEMPLATE>, 4> templates;
+  std::array<std::unique_ptr<SA_TEMPLATE>, 4> templates;  // null until used
+  TCMD& cmd;
 };
 
 // "__SE<id>_OPEN(base, config);" ahead of the loops that read the stream.

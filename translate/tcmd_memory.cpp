@@ -96,7 +96,7 @@ void TCMD::translate_vstore(VINSTR& instr) {
   }
   const bool table_write =
       vstore.dist == VSTORE::LUT_SCATTER || vstore.dist == VSTORE::LUT_OFFSET_NP1;
-  if (vstore.dist == VSTORE::TABLE_NPT) store->lht_ = lht_table.templates[0].get();
+  if (vstore.dist == VSTORE::TABLE_NPT) store->lht_ = lht_table.at(0);
   if (table_write) {
     store->lht_ = lut_from_scatter_group(vstore.lut_index);
     if (store->lht_) set_scatter_table(*store->lht_, vstore);

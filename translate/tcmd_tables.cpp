@@ -98,8 +98,8 @@ void TCMD::lht_setup(VAL_RANGES& ranges) {
   LOOP* nest = top_loop->nested_loop();
   BBLOCK* anchor = nest ? nest->init_block : top_loop->entry_block;
   for (auto& owned : lht_table.templates) {
+    if (!owned || !owned->in_use) continue;
     LHT_TEMPLATE& lht = *owned;
-    if (!lht.in_use) continue;
     const bool scatter = lht.kind == LHT_TEMPLATE::SCATTER || lht.kind == LHT_TEMPLATE::SCATTER_NP1;
     if (scatter) {
       const TINSTR* first = lht.users.empty() ? nullptr : lht.users.front();

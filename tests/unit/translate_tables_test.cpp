@@ -159,7 +159,7 @@ TEST_F(TableTest, ScatterThroughAStreamAddressesItsPointer) {
   store.scatter = p;
   store.offset = new TEXPR(*cmd(), "int32_t", num(0));
   store.lht_ = table(LHT_TEMPLATE::SCATTER, VDATA_TYPE::int16, 8, 1);
-  SA_TEMPLATE* sa = cmd()->sa_table.templates[0].get();
+  SA_TEMPLATE* sa = cmd()->sa_table.at(0);
   store.use_stream(sa);
   sa->advance_instr = &store;
   EXPECT_EQ(text(store), std::string(scatter_name) +
