@@ -5,6 +5,8 @@
 //   gen_kernels loops N FILE [K]        K kernels (default 1) of N vector loops
 //   gen_kernels terms N FILE [K]        K kernels (default 1) with a generator
 //                                       formula of N terms
+//   gen_kernels transposes N FILE [K]   K kernels (default 1) of N buffers
+//                                       written in one loop, read in the next
 //   gen_kernels macros N FILE           N macros, each used once
 //   gen_kernels nesting N FILE          64 kernels with addresses and bounds in
 //                                       N parentheses
@@ -308,6 +310,29 @@ void write_loops(int count, int number, std::ostream& out) {
   out << "}\n";
 }
 
+// Scratch buffers, each written in one vector loop and read back in the
+// next, so that every pair becomes a transpose.
+void write_transposes(int count, int number, std::ostream& out) {
+  out << "void transposes" << number << "(__vptr_int32 src";
+  for (int t = 0; t < count; ++t) out << ",\n   __tscratch __vptr_int32 t" << t;
+  out << ")\n{\n";
+  for (int l = 0; l <= count; ++l) {
+    const string i = "i" + to_string(l);
+    const string v = "v" + to_string(l);
+    out << "   for (int " << i << " = 0; " << i << " < 8; " << i << "++) {\n"
+        << "      __agen A" << l << " = " << i << " * 36;\n      __vector " << v << ";\n"
+        << "      " << v << " = " << (l == 0 ? string("src") : "t" + to_string(l - 1)) << "[A" << l
+        << "].npt();\n";
+    if (l < count)
+      out << "      __agen S" << l << " = " << i << " * 4;\n      t" << l << "[S" << l
+          << "].offset_np1() = " << v << ";\n";
+    else
+      out << "      src[A" << l << "].npt() = " << v << ";\n";
+    out << "   }\n";
+  }
+  out << "}\n";
+}
+
 // A generator formula whose terms all step the one loop variable.
 void write_terms(int count, int number, std::ostream& out) {
   out << "void long_formula" << number << "(__vptr_int16 a, __vptr_int16 b, int n)\n{\n"
@@ -353,7 +378,8 @@ void write_nesting(int depth, std::ostream& out) {
 
 int main(int argc, char** argv) {
   if (argc != 4 && argc != 5) {
-    std::fprintf(stderr, "usage: gen_kernels mix|kernels|loops|terms|macros|nesting N FILE [K]\n");
+    std::fprintf(stderr,
+                 "usage: gen_kernels mix|kernels|loops|terms|transposes|macros|nesting N FILE [K]\n");
     return 2;
   }
   const string mode = argv[1];
@@ -376,6 +402,8 @@ int main(int argc, char** argv) {
     for (int k = 0; k < copies; ++k) write_loops(static_cast<int>(n), k, out);
   } else if (mode == "terms") {
     for (int k = 0; k < copies; ++k) write_terms(static_cast<int>(n), k, out);
+  } else if (mode == "transposes") {
+    for (int k = 0; k < copies; ++k) write_transposes(static_cast<int>(n), k, out);
   } else if (mode == "macros") {
     write_macros(static_cast<int>(n), out);
   } else if (mode == "nesting") {

@@ -54,7 +54,7 @@ for mb in $sizes; do
 done
 
 # Each dimension at N and 4N: a linear translation gives a ratio near 4.
-# Loops and formulas are repeated over 8 and 64 kernels, so that the times
+# Loops, formulas and transposes are repeated over 8, 64 and 4 kernels, so that the times
 # are long enough to measure.
 echo
 echo "Growth of the translation time, t(4N)/t(N)"
@@ -71,5 +71,6 @@ growth_case mix 1048576 "file size (bytes)"
 growth_case kernels 5000 "kernels per file"
 growth_case loops 1000 "vector loops per kernel" 8
 growth_case terms 2000 "terms per formula" 64
+growth_case transposes 1000 "transposes per kernel" 4
 growth_case macros 10000 "macros per file"
 growth_case nesting 250 "nesting of parentheses"
