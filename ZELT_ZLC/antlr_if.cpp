@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "ZELT_ZLC/follow_stack.h"
 #include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vkernel.h"
@@ -99,6 +100,7 @@ ANTLR_INTERFACE::ANTLR_INTERFACE(std::string& text, const char* file_name) : sou
   lexer_rec->displayRecognitionError = displayRecognitionErrorLex;
   parser_rec->displayRecognitionError = displayRecognitionError;
   parser_rec->recoverFromMismatchedToken = recoverFromMismatchedToken;
+  use_fast_follow_stack(parser_rec->state->following);
   exact_follows = parser_rec->combineFollows;
   parser_rec->combineFollows = combineFollows;
 }
