@@ -101,6 +101,7 @@ ANTLR_INTERFACE::ANTLR_INTERFACE(std::string& text, const char* file_name) : sou
   parser_rec->displayRecognitionError = displayRecognitionError;
   parser_rec->recoverFromMismatchedToken = recoverFromMismatchedToken;
   use_fast_follow_stack(parser_rec->state->following);
+  tokens->serve_matches(parser_rec);
   exact_follows = parser_rec->combineFollows;
   parser_rec->combineFollows = combineFollows;
 }

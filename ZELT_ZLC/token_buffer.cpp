@@ -203,6 +203,27 @@ void TOKEN_BUFFER::release_consumed() {
     if (made[first_made]) spare.push_back(std::move(made[first_made]));
 }
 
+void TOKEN_BUFFER::serve_matches(pANTLR3_BASE_RECOGNIZER parser) {
+  runtime_match = parser->match;
+  parser->match = match;
+}
+
+// As the runtime matches: the current token is the result, consumed when it
+// is the one expected, which also ends error recovery.
+void* TOKEN_BUFFER::match(pANTLR3_BASE_RECOGNIZER parser, ANTLR3_UINT32 type,
+                          pANTLR3_BITSET_LIST follow) {
+  TOKEN_BUFFER& self = of(static_cast<pANTLR3_PARSER>(parser->super)->tstream);
+  const auto at = static_cast<size_t>(self.p);
+  const bool at_end = at >= self.entries.size();
+  const ANTLR3_UINT32 next = at_end ? ANTLR3_TOKEN_EOF : self.entries[at].type;
+  if (next != type) return self.runtime_match(parser, type, follow);
+  pANTLR3_COMMON_TOKEN token = self.lt(1);
+  if (!at_end) ++self.p;
+  parser->state->errorRecovery = ANTLR3_FALSE;
+  parser->state->failed = ANTLR3_FALSE;
+  return token;
+}
+
 // ---------------------------------------------------------------------------
 // Texts.
 

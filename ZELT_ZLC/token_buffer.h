@@ -31,6 +31,11 @@ class TOKEN_BUFFER {
   // The tokens before the previous one will not be read again.
   void release_consumed();
 
+  // Lets `parser` match the tokens it expects here, without the calls
+  // through the stream that its runtime makes; a token other than the one
+  // expected is left to the runtime's own match and recovery.
+  void serve_matches(pANTLR3_BASE_RECOGNIZER parser);
+
   // The characters of a token made by the lexer, without a runtime string.
   static std::string_view chars(pANTLR3_COMMON_TOKEN token);
 
@@ -99,6 +104,8 @@ class TOKEN_BUFFER {
                                      pANTLR3_COMMON_TOKEN stop);
   static pANTLR3_STRING to_string_ss(pANTLR3_TOKEN_STREAM ts, ANTLR3_UINT32 start,
                                      ANTLR3_UINT32 stop);
+  static void* match(pANTLR3_BASE_RECOGNIZER parser, ANTLR3_UINT32 type,
+                     pANTLR3_BITSET_LIST follow);
 
   const std::string& source;
   pANTLR3_LEXER lexer;
@@ -110,6 +117,7 @@ class TOKEN_BUFFER {
   uint64_t previous_end = 0;                  // offset after the last token lexed
   int64_t p = 0;                              // the entry of LT(1)
   ANTLR3_MARKER last_marker = 0;
+  void* (*runtime_match)(pANTLR3_BASE_RECOGNIZER, ANTLR3_UINT32, pANTLR3_BITSET_LIST) = nullptr;
   // Token objects, made a chunk of entries at a time and released when the
   // parser has passed them.
   static constexpr int made_bits = 8;

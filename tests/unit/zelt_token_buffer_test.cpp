@@ -1,11 +1,13 @@
 // The parser's token stream: the default channel only, look-ahead and
 // look-back, marks, texts of token ranges with hidden tokens and skipped
-// characters, and token objects made again after their release.
+// characters, token objects made again after their release, and the
+// parser's match.
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "ZELT_ZLC/token_buffer.h"
+#include "zeltParser.h"  // before the lexer's token macros
 #include "zeltLexer.h"
 
 namespace {
@@ -89,6 +91,31 @@ TEST_F(ZeltTokenBuffer, ReleasedTokensAreMadeAgain) {
   is->seek(is, 3);
   EXPECT_EQ(text_of(ts->_LT(ts, 1)), "x3");
   EXPECT_EQ(ts->_LT(ts, 1)->getTokenIndex(ts->_LT(ts, 1)), 3);
+}
+
+// The expected token is consumed and ends error recovery; another, while
+// speculating, only marks the attempt failed, as the runtime does.
+TEST_F(ZeltTokenBuffer, ParserMatchesAsTheRuntime) {
+  open("a = ");
+  pzeltParser parser = zeltParserNew(stream);
+  pANTLR3_BASE_RECOGNIZER rec = parser->pParser->rec;
+  buffer->serve_matches(rec);
+  rec->state->errorRecovery = ANTLR3_TRUE;
+  auto* a = static_cast<pANTLR3_COMMON_TOKEN>(rec->match(rec, IDENTIFIER, nullptr));
+  EXPECT_EQ(text_of(a), "a");
+  EXPECT_FALSE(rec->state->errorRecovery);
+  EXPECT_FALSE(rec->state->failed);
+  rec->state->backtracking = 1;
+  auto* asg = static_cast<pANTLR3_COMMON_TOKEN>(rec->match(rec, IDENTIFIER, nullptr));
+  EXPECT_EQ(text_of(asg), "=");
+  EXPECT_TRUE(rec->state->failed);
+  EXPECT_EQ(is->_LA(is, 1), static_cast<ANTLR3_UINT32>(ASG));
+  rec->match(rec, ASG, nullptr);
+  EXPECT_FALSE(rec->state->failed);
+  auto* eof = static_cast<pANTLR3_COMMON_TOKEN>(rec->match(rec, ANTLR3_TOKEN_EOF, nullptr));
+  EXPECT_EQ(eof->getType(eof), static_cast<ANTLR3_UINT32>(ANTLR3_TOKEN_EOF));
+  rec->state->backtracking = 0;
+  parser->free(parser);
 }
 
 }  // namespace
