@@ -38,6 +38,24 @@ options {
 // The arena of expression trees, and the text of a rule from its tokens.
 #define TREES (*ctx->trees)
 #define RULE_TEXT(start, stop) antlr_text(RECOGNIZER, start, stop)
+
+// The level of a binary operator, from 1 for the logical or to 10 for the
+// multiplying operators; 0 for any other token.
+static int binary_level(ANTLR3_UINT32 type) {
+  switch (type) {
+    case OROR: return 1;
+    case ANDAND: return 2;
+    case ORB: return 3;
+    case XORB: return 4;
+    case ANDB: return 5;
+    case EQ: case NEQ: return 6;
+    case LESS: case LE: case GT: case GE: return 7;
+    case SHL: case SHR: return 8;
+    case PLUS: case MINUS: return 9;
+    case MULT: case DIV: case MOD: return 10;
+    default: return 0;
+  }
+}
 }
 
 
@@ -712,7 +730,7 @@ pexpression_body returns [EXPR_TREE* expr]
 conditional_pexpression returns [EXPR_TREE* expr]
 @init { EXPR_ROOT root; $expr = error_tree(); }
 @after { if (BACKTRACKING == 0) $expr = root.result(); }
-  : a=logical_or_pexpression { root.add(TREES, $a.expr); }
+  : a=binary_pexpression[1] { root.add(TREES, $a.expr); }
     ( op=QUEST { root.become_root(TREES, TREES.node($op)); }
       b=pexpression_body { root.add(TREES, $b.expr); }
       colon=':' { root.add(TREES, TREES.node($colon)); }
@@ -720,93 +738,19 @@ conditional_pexpression returns [EXPR_TREE* expr]
     )?
   ;
 
-logical_or_pexpression returns [EXPR_TREE* expr]
-@init { EXPR_ROOT root; $expr = error_tree(); }
-@after { if (BACKTRACKING == 0) $expr = root.result(); }
-  : a=logical_and_pexpression { root.add(TREES, $a.expr); }
-    ( op=OROR { root.become_root(TREES, TREES.node($op)); }
-      b=logical_and_pexpression { root.add(TREES, $b.expr); }
-    )*
-  ;
-
-logical_and_pexpression returns [EXPR_TREE* expr]
-@init { EXPR_ROOT root; $expr = error_tree(); }
-@after { if (BACKTRACKING == 0) $expr = root.result(); }
-  : a=inclusive_or_pexpression { root.add(TREES, $a.expr); }
-    ( op=ANDAND { root.become_root(TREES, TREES.node($op)); }
-      b=inclusive_or_pexpression { root.add(TREES, $b.expr); }
-    )*
-  ;
-
-inclusive_or_pexpression returns [EXPR_TREE* expr]
-@init { EXPR_ROOT root; $expr = error_tree(); }
-@after { if (BACKTRACKING == 0) $expr = root.result(); }
-  : a=exclusive_or_pexpression { root.add(TREES, $a.expr); }
-    ( op=ORB { root.become_root(TREES, TREES.node($op)); }
-      b=exclusive_or_pexpression { root.add(TREES, $b.expr); }
-    )*
-  ;
-
-exclusive_or_pexpression returns [EXPR_TREE* expr]
-@init { EXPR_ROOT root; $expr = error_tree(); }
-@after { if (BACKTRACKING == 0) $expr = root.result(); }
-  : a=and_pexpression { root.add(TREES, $a.expr); }
-    ( op=XORB { root.become_root(TREES, TREES.node($op)); }
-      b=and_pexpression { root.add(TREES, $b.expr); }
-    )*
-  ;
-
-and_pexpression returns [EXPR_TREE* expr]
-@init { EXPR_ROOT root; $expr = error_tree(); }
-@after { if (BACKTRACKING == 0) $expr = root.result(); }
-  : a=equality_pexpression { root.add(TREES, $a.expr); }
-    ( op=ANDB { root.become_root(TREES, TREES.node($op)); }
-      b=equality_pexpression { root.add(TREES, $b.expr); }
-    )*
-  ;
-
-equality_pexpression returns [EXPR_TREE* expr]
-@init { EXPR_ROOT root; $expr = error_tree(); }
-@after { if (BACKTRACKING == 0) $expr = root.result(); }
-  : a=relational_pexpression { root.add(TREES, $a.expr); }
-    ( ( op=EQ | op=NEQ ) { root.become_root(TREES, TREES.node($op)); }
-      b=relational_pexpression { root.add(TREES, $b.expr); }
-    )*
-  ;
-
-relational_pexpression returns [EXPR_TREE* expr]
-@init { EXPR_ROOT root; $expr = error_tree(); }
-@after { if (BACKTRACKING == 0) $expr = root.result(); }
-  : a=shift_pexpression { root.add(TREES, $a.expr); }
-    ( ( op=LESS | op=LE | op=GT | op=GE ) { root.become_root(TREES, TREES.node($op)); }
-      b=shift_pexpression { root.add(TREES, $b.expr); }
-    )*
-  ;
-
-shift_pexpression returns [EXPR_TREE* expr]
-@init { EXPR_ROOT root; $expr = error_tree(); }
-@after { if (BACKTRACKING == 0) $expr = root.result(); }
-  : a=additive_pexpression { root.add(TREES, $a.expr); }
-    ( ( op=SHL | op=SHR ) { root.become_root(TREES, TREES.node($op)); }
-      b=additive_pexpression { root.add(TREES, $b.expr); }
-    )*
-  ;
-
-additive_pexpression returns [EXPR_TREE* expr]
-@init { EXPR_ROOT root; $expr = error_tree(); }
-@after { if (BACKTRACKING == 0) $expr = root.result(); }
-  : a=multiplicative_pexpression { root.add(TREES, $a.expr); }
-    ( ( op=PLUS | op=MINUS ) { root.become_root(TREES, TREES.node($op)); }
-      b=multiplicative_pexpression { root.add(TREES, $b.expr); }
-    )*
-  ;
-
-multiplicative_pexpression returns [EXPR_TREE* expr]
+// The binary operators, loosest first: || && | ^ & (== !=) (< <= > >=)
+// (<< >>) (+ -) (* / %).  An operand takes the operators of higher levels;
+// operators of one level group to the left.
+binary_pexpression[int level] returns [EXPR_TREE* expr]
 @init { EXPR_ROOT root; $expr = error_tree(); }
 @after { if (BACKTRACKING == 0) $expr = root.result(); }
   : a=cast_expression { root.add(TREES, $a.expr); }
-    ( ( op=MULT | op=DIV | op=MOD ) { root.become_root(TREES, TREES.node($op)); }
-      b=cast_expression { root.add(TREES, $b.expr); }
+    ( { binary_level(LA(1)) >= $level }?=>
+      op=( OROR | ANDAND | ORB | XORB | ANDB | EQ | NEQ | LESS | LE | GT | GE | SHL | SHR | PLUS
+         | MINUS | MULT | DIV | MOD
+         )
+      { root.become_root(TREES, TREES.node($op)); }
+      b=binary_pexpression[binary_level($op->type) + 1] { root.add(TREES, $b.expr); }
     )*
   ;
 
