@@ -1,7 +1,9 @@
 // Every C++ allocation of the program goes through small-block memory of
 // the thread that makes it.  Under AddressSanitizer the allocator of the
 // sanitizer stays, so that its checks see every object.
-#if !defined(__SANITIZE_ADDRESS__)
+#include "ZELT_ZLC/address_sanitizer.h"
+
+#if !ZLC_ADDRESS_SANITIZER
 
 #include <new>
 

@@ -3,9 +3,11 @@
 
 #include <algorithm>
 
+#include "ZELT_ZLC/address_sanitizer.h"
+
 // Under AddressSanitizer the memory of destroyed objects is poisoned until
 // it is handed out again, so that a use after destruction is still caught.
-#if defined(__SANITIZE_ADDRESS__)
+#if ZLC_ADDRESS_SANITIZER
 #include <sanitizer/asan_interface.h>
 #define KERNEL_OBJECTS_POISON(address, size) ASAN_POISON_MEMORY_REGION(address, size)
 #define KERNEL_OBJECTS_UNPOISON(address, size) ASAN_UNPOISON_MEMORY_REGION(address, size)
