@@ -1,14 +1,15 @@
+// Pushing and popping the parser's follow stack in place.
 #include "ZELT_ZLC/follow_stack.h"
 
 namespace {
 
-ANTLR3_BOOLEAN (*vector_push)(pANTLR3_STACK, void*, void(ANTLR3_CDECL*)(void*)) = nullptr;
+ANTLR3_BOOLEAN (*runtime_push)(pANTLR3_STACK, void*, void(ANTLR3_CDECL*)(void*)) = nullptr;
 
 // The vector grows, and an element with a function to free it is stored,
 // the runtime's way.
 ANTLR3_BOOLEAN push(pANTLR3_STACK stack, void* element, void(ANTLR3_CDECL* freeptr)(void*)) {
   pANTLR3_VECTOR vector = stack->vector;
-  if (freeptr || vector->count >= vector->elementsSize) return vector_push(stack, element, freeptr);
+  if (freeptr || vector->count >= vector->elementsSize) return runtime_push(stack, element, freeptr);
   vector->elements[vector->count] = {element, nullptr};
   ++vector->count;
   stack->top = element;
@@ -30,7 +31,7 @@ void* pop(pANTLR3_STACK stack) {
 }  // namespace
 
 void use_fast_follow_stack(pANTLR3_STACK stack) {
-  vector_push = stack->push;
+  runtime_push = stack->push;
   stack->push = push;
   stack->pop = pop;
 }
