@@ -70,8 +70,8 @@ CPP_IMPL::~CPP_IMPL() {
     std::fclose(fp);  // the stream of the main file belongs to the caller
     for (size_t i = 1; i < includes.size(); ++i) std::fclose(includes[i].fp);
   }
-  for (MACDEF* bucket : macros)
-    for (MACDEF* def = bucket; def; def = def->next) std::free(def->body);
+  for (const auto& [name, newest] : macros)
+    for (MACDEF* def = newest; def; def = def->next) std::free(def->body);
 }
 
 void CPP_IMPL::start_line() {

@@ -10,6 +10,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "CPP/cpp.h"
@@ -22,7 +23,6 @@ constexpr int kMaxFrames = 1000;           // expansion frames, frame 0 included
 constexpr size_t kMaxParams = 1000;        // parameters of a macro
 constexpr size_t kMaxArgs = 1000;          // arguments of a call
 constexpr size_t kMaxDefTokens = 1000;     // tokens of a predefined or generated text
-constexpr size_t kHashBuckets = 211;
 constexpr size_t kOperandMax = 4000;       // text made by # and ##
 constexpr size_t kJoinMax = 4096;          // expanded operand of #include and #line
 
@@ -55,7 +55,6 @@ enum PP_TOKEN_TYPE : uint16_t {
 
 struct PP_TOKEN {
   uint16_t type;
-  uint16_t hash;    // identifiers: the hash of the name
   uint32_t offset;  // start in the text that its frame reads
   uint32_t length;
   uint64_t value;   // constants: the value; TK_PARAM: the parameter index
@@ -252,7 +251,10 @@ class CPP_IMPL final : public CPP {
   std::string out;        // the text of the current fgets result
   std::unique_ptr<PP_TOKEN[]> tokens;  // the line's tokens, one spare for the closing end
   uint32_t token_count = 0;
-  MACDEF* macros[kHashBuckets] = {};
+  // The macros by name: the newest definition, with older ones of the same
+  // name behind it through `next`.  A map, so that a lookup costs the same
+  // however many macros there are.
+  std::unordered_map<std::string_view, MACDEF*> macros;
   std::vector<PP_FRAME> stack;
   int top = 0;
   std::vector<INCLUDE> includes;  // files being read, without the current one
@@ -278,9 +280,5 @@ inline bool pp_white_after(const char* text, const PP_TOKEN& t) {
     default: return false;
   }
 }
-
-// Identifier hash: 4 * hash + character over at most 1000 characters,
-// reduced modulo 2011.
-uint16_t pp_hash(const char* name, size_t length);
 
 #endif

@@ -189,13 +189,6 @@ uint64_t lx_escape(const char* text, uint32_t& i) {
 
 }  // namespace
 
-uint16_t pp_hash(const char* name, size_t length) {
-  uint32_t h = 0;
-  for (size_t i = 0; i < length && i < 1000; ++i)
-    h = 4 * h + static_cast<uint32_t>(static_cast<int32_t>(static_cast<signed char>(name[i])));
-  return static_cast<uint16_t>(h % 2011);
-}
-
 // Reads one logical line to `pos`: physical lines ending in a backslash are
 // joined, and each adds 1 to the line count.
 bool CPP_IMPL::lx_fill(char* base, char* pos) {
@@ -305,7 +298,7 @@ void CPP_IMPL::lx_token(char* text, uint32_t& cursor, PP_TOKEN& token, bool from
       continue;
     }
     char* p = text + cursor;
-    token = PP_TOKEN{TK_EOL, 0, cursor, 1, 0};
+    token = PP_TOKEN{TK_EOL, cursor, 1, 0};
     switch (cls) {
       case LC_EOL:
         token.length = 0;
@@ -380,7 +373,6 @@ void CPP_IMPL::lx_token(char* text, uint32_t& cursor, PP_TOKEN& token, bool from
         while (is_ident_char(p[n])) ++n;
         token.type = TK_IDENT;
         token.length = n;
-        token.hash = pp_hash(p, n);
         break;
       }
       default:  // LC_QUOTE
@@ -399,7 +391,7 @@ PP_TOKEN& CPP_IMPL::lx_getc() {
   if (token_count == kMaxLineTokens) {
     pp_report(DIAG::cpp_too_many_tokens_in_this_macro_expansion());
     PP_TOKEN& end = tokens[token_count++];
-    end = PP_TOKEN{TK_EOL, 0, cursor, 0, 0};
+    end = PP_TOKEN{TK_EOL, cursor, 0, 0};
     line_buf[cursor] = '\0';
     return end;
   }
@@ -418,7 +410,7 @@ void CPP_IMPL::scan_text(char* text, std::vector<PP_TOKEN>& out) {
     lx_token(text, pos, token, false);
     if (token.type != TK_EOL && out.size() + 1 == kMaxDefTokens) {
       pp_report(DIAG::cpp_too_many_tokens_in_predefine());
-      token = PP_TOKEN{TK_EOL, 0, token.offset, 0, 0};
+      token = PP_TOKEN{TK_EOL, token.offset, 0, 0};
     }
     if (token.type == TK_EOL) {
       token.type = TK_END;

@@ -26,23 +26,15 @@ bool same_definition(const MACDEF* old, int nparams, const std::vector<PP_TOKEN>
   return true;
 }
 
-bool names_match(const MACDEF* def, std::string_view name) {
-  return def->name_len == name.size() && std::memcmp(def->name, name.data(), name.size()) == 0;
-}
-
 }  // namespace
 
 MACDEF* CPP_IMPL::pp_lookup(const PP_TOKEN& token, const char* text) const {
-  const std::string_view name(text + token.offset, token.length);
-  for (MACDEF* def = macros[token.hash % kHashBuckets]; def; def = def->next)
-    if (names_match(def, name)) return def;
-  return nullptr;
+  return pp_lookup_name(std::string_view(text + token.offset, token.length));
 }
 
 MACDEF* CPP_IMPL::pp_lookup_name(std::string_view name) const {
-  for (MACDEF* def = macros[pp_hash(name.data(), name.size()) % kHashBuckets]; def; def = def->next)
-    if (names_match(def, name)) return def;
-  return nullptr;
+  auto found = macros.find(name);
+  return found == macros.end() ? nullptr : found->second;
 }
 
 void CPP_IMPL::pp_set_body(MACDEF* def, std::vector<PP_TOKEN>& body, const char* text) {
@@ -120,7 +112,7 @@ void CPP_IMPL::pp_define() {
       has_ops = true;
     }
   }
-  body.push_back(PP_TOKEN{TK_END, 0, text_end - base, 0, 0});
+  body.push_back(PP_TOKEN{TK_END, text_end - base, 0, 0});
   if (has_ops) pp_check_ops(body.data(), static_cast<uint32_t>(body.size() - 1));
   pp_install(name, nparams, body, std::string_view(line_buf + base, text_end - base), has_ops);
 }
@@ -180,9 +172,9 @@ MACDEF* CPP_IMPL::pp_create_def(std::string_view name, std::string_view text, bo
   scan_text(stored, body);
   pp_set_body(def, body, stored);
   if (!name.empty()) {
-    MACDEF*& bucket = macros[pp_hash(name.data(), name.size()) % kHashBuckets];
-    def->next = bucket;
-    bucket = def;
+    MACDEF*& newest = macros[std::string_view(def->name, def->name_len)];
+    def->next = newest;
+    newest = def;
   }
   return def;
 }
@@ -192,12 +184,14 @@ void CPP_IMPL::pp_remove_def(std::string_view name) {
     pp_report(DIAG::cpp_std_undef(std::string(name)));
     return;
   }
-  MACDEF** link = &macros[pp_hash(name.data(), name.size()) % kHashBuckets];
-  while (*link && !names_match(*link, name)) link = &(*link)->next;
-  MACDEF* def = *link;
-  if (!def) return;
+  auto found = macros.find(name);
+  if (found == macros.end()) return;
+  MACDEF* def = found->second;
   if (def->standard) pp_report(DIAG::cpp_std_undef(std::string(name)));
-  *link = def->next;
+  if (def->next)
+    found->second = def->next;
+  else
+    macros.erase(found);
   std::free(def->body);
   def->body = nullptr;
   if (def == line_macro) line_macro = nullptr;

@@ -2,13 +2,14 @@
 // keeps one input stream per file name, and turns recognition errors into
 // the translator's messages.
 #include "ZELT_ZLC/antlr_if.h"
-#include "ZELT_ZLC/antlr_rule_text.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
 #include <cstdlib>
 
+#include "ZELT_ZLC/follow_stack.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "support/fname.h"
@@ -86,9 +87,10 @@ ANTLR_INTERFACE::ANTLR_INTERFACE(std::string& text, const char* file_name) : sou
   check_setup(lexer);
   token_stream = antlr3CommonTokenStreamSourceNew(size_hint, TOKENSOURCE(lexer));
   check_setup(token_stream);
-  use_linear_rule_text(token_stream->tstream);
+  tokens = std::make_unique<TOKEN_BUFFER>(text, lexer->pLexer, token_stream);
   parser = zeltParserNew(token_stream);
   check_setup(parser);
+  parser->trees = &trees;
 
   lexer->ai = this;
   pANTLR3_BASE_RECOGNIZER lexer_rec = lexer->pLexer->rec;
@@ -98,6 +100,8 @@ ANTLR_INTERFACE::ANTLR_INTERFACE(std::string& text, const char* file_name) : sou
   lexer_rec->displayRecognitionError = displayRecognitionErrorLex;
   parser_rec->displayRecognitionError = displayRecognitionError;
   parser_rec->recoverFromMismatchedToken = recoverFromMismatchedToken;
+  use_fast_follow_stack(parser_rec->state->following);
+  tokens->serve_matches(parser_rec);
   exact_follows = parser_rec->combineFollows;
   parser_rec->combineFollows = combineFollows;
 }
@@ -109,7 +113,20 @@ ANTLR_INTERFACE::~ANTLR_INTERFACE() {
   for (auto& [name, stream] : stream_table) stream->close(stream);
 }
 
-void ANTLR_INTERFACE::invoke() { parser->translation_unit(parser); }
+void ANTLR_INTERFACE::invoke() {
+  parser->translation_unit(parser);
+  KERNEL_OBJECTS::close();
+}
+
+void ANTLR_INTERFACE::begin_statement() {
+  tokens->release_consumed();
+  trees.clear();
+}
+
+std::string ANTLR_INTERFACE::rule_text(pANTLR3_COMMON_TOKEN start,
+                                       pANTLR3_COMMON_TOKEN stop) const {
+  return tokens->text(start, stop);
+}
 
 pANTLR3_INPUT_STREAM ANTLR_INTERFACE::input_stream(const char* file_name) {
   auto it = stream_table.find(file_name);
@@ -292,7 +309,13 @@ DIAG_SRCINFO_DATA antlr_srcinfo(pANTLR3_COMMON_TOKEN token) {
 }
 
 std::string antlr_text(pANTLR3_COMMON_TOKEN token) {
-  return token ? antlr_text(token->getText(token)) : std::string();
+  return token ? std::string(TOKEN_BUFFER::chars(token)) : std::string();
+}
+
+std::string antlr_text(pANTLR3_BASE_RECOGNIZER recognizer, pANTLR3_COMMON_TOKEN start,
+                       pANTLR3_COMMON_TOKEN stop) {
+  ANTLR_INTERFACE* ai = ANTLR_INTERFACE::current_ai(recognizer);
+  return ai ? ai->rule_text(start, stop) : std::string();
 }
 
 std::string antlr_text(pANTLR3_STRING text) {
@@ -311,6 +334,10 @@ bool is_vreg(pANTLR3_COMMON_TOKEN token) {
 
 bool is_agen(pANTLR3_COMMON_TOKEN token) {
   return curr_vcmd->lookup_agen(antlr_text(token)) != nullptr;
+}
+
+void antlr_begin_statement(pANTLR3_BASE_RECOGNIZER recognizer) {
+  if (ANTLR_INTERFACE* ai = ANTLR_INTERFACE::current_ai(recognizer)) ai->begin_statement();
 }
 
 void antlr_push(pANTLR3_BASE_RECOGNIZER recognizer, const char* rule_name) {

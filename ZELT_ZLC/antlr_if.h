@@ -8,11 +8,14 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "DIAG/diag.h"
+#include "ZELT_ZLC/expr_tree.h"
 #include "ZELT_ZLC/follow_union.h"
+#include "ZELT_ZLC/token_buffer.h"
 
 struct zeltLexer_Ctx_struct;
 struct zeltParser_Ctx_struct;
@@ -36,6 +39,12 @@ class ANTLR_INTERFACE {
   // Switches the lexer to the stream of `file_name` (when given and new) at
   // the current read position, and sets the current line to `line`.
   void line_directive(const char* file_name, int line);
+
+  // A statement starts: the tokens before it and the trees of earlier
+  // statements are no longer needed.
+  void begin_statement();
+  // The source text of the tokens from `start` to `stop`.
+  std::string rule_text(pANTLR3_COMMON_TOKEN start, pANTLR3_COMMON_TOKEN stop) const;
 
   void push_rule(const char* name) { rule_stack.push_back(name); }
   void pop_rule() {
@@ -65,6 +74,8 @@ class ANTLR_INTERFACE {
   zeltParser_Ctx_struct* parser = nullptr;
   std::map<std::string, pANTLR3_INPUT_STREAM> stream_table;
   std::vector<const char*> rule_stack;
+  std::unique_ptr<TOKEN_BUFFER> tokens;
+  EXPR_TREES trees;
   FOLLOW_UNION follow_union;
   pANTLR3_BITSET (*exact_follows)(pANTLR3_BASE_RECOGNIZER, ANTLR3_BOOLEAN) = nullptr;
 };
@@ -76,6 +87,9 @@ DIAG_SRCINFO_DATA antlr_srcinfo(pANTLR3_COMMON_TOKEN token);
 // Texts of tokens and of rules; a missing text is empty.
 std::string antlr_text(pANTLR3_COMMON_TOKEN token);
 std::string antlr_text(pANTLR3_STRING text);
+// The text of a rule that matched the tokens from `start` to `stop`.
+std::string antlr_text(pANTLR3_BASE_RECOGNIZER recognizer, pANTLR3_COMMON_TOKEN start,
+                       pANTLR3_COMMON_TOKEN stop);
 
 // Reports a diagnostic at a token.
 void antlr_report(DIAGNOSTIC& message, pANTLR3_COMMON_TOKEN token);
@@ -84,6 +98,9 @@ void antlr_report(DIAGNOSTIC& message, pANTLR3_COMMON_TOKEN token);
 // address generator, visible from the current block.
 bool is_vreg(pANTLR3_COMMON_TOKEN token);
 bool is_agen(pANTLR3_COMMON_TOKEN token);
+
+// A statement starts.
+void antlr_begin_statement(pANTLR3_BASE_RECOGNIZER recognizer);
 
 // The rule stack of the parser's interface.
 void antlr_push(pANTLR3_BASE_RECOGNIZER recognizer, const char* rule_name);

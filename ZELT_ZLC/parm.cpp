@@ -59,7 +59,7 @@ PARM* PARM_TABLE::new_parm(const DIAG_SRCINFO& srcinfo, const std::string& name,
   return parm;
 }
 
-void PARM_TABLE::format_declarations(const std::string& pblock_name, std::ostream& out,
+void PARM_TABLE::format_declarations(const std::string& pblock_name, TEXT_OUT& out,
                                      bool only_update, bool with_block, bool cpp_out) const {
   out << "(";
   bool first = true;

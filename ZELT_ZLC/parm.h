@@ -4,11 +4,11 @@
 #define ZLC_ZELT_ZLC_PARM_H
 
 #include <cstdint>
-#include <ostream>
 #include <set>
 #include <string>
 
 #include "ZELT_ZLC/symtab.h"
+#include "ZELT_ZLC/text_out.h"
 #include "ZELT_ZLC/vdata_type.h"
 
 class PARM : public SYMREG {
@@ -62,7 +62,7 @@ class PARM_TABLE : public SYM_TABLE<PARM> {
   // ",", then with `with_block` the parameter block, then ")".  The block is
   // "unsigned short pblock[]", or with `cpp_out` "unsigned short* pblock = "
   // and `pblock_name`.  With `only_update` only the "__update" parameters.
-  void format_declarations(const std::string& pblock_name, std::ostream& out, bool only_update,
+  void format_declarations(const std::string& pblock_name, TEXT_OUT& out, bool only_update,
                            bool with_block, bool cpp_out) const;
 
   // "(" the names joined by ", ", then ", " and `extra` when it isn't empty,

@@ -5,6 +5,7 @@
 
 #include <cassert>
 
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/preg.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vload.h"
@@ -26,7 +27,7 @@ bool is_const_value(const VPEXPR* expr, int64_t value) {
 
 // A symbolic bound built from the text of a bit count.
 const VPEXPR* symbolic_bound(const std::string& text, const VPEXPR* from) {
-  auto* bound = new VPEXPR(text);
+  auto* bound = kernel_new<VPEXPR>(text);
   bound->eval_type = VPEXPR::EVAL_SYMBOLIC;
   bound->uses_width = from->uses_width;
   bound->merge_parm_refs(from);
@@ -188,12 +189,12 @@ void VCMD::set_vmem_sat(const VPEXPR* a, const VPEXPR* b, const VPEXPR* c, const
     // Widths outside 1 to 32 take the nearest width that a 32-bit value has.
     const int64_t width = bits < 1 ? 1 : bits > 32 ? 32 : bits;
     const int64_t half = int64_t{1} << (width - 1);
-    low = new VPEXPR(static_cast<long>(-half), VPEXPR::EVAL_SIGNED);
-    high = new VPEXPR(static_cast<long>(half - 1), VPEXPR::EVAL_SIGNED);
+    low = kernel_new<VPEXPR>(static_cast<long>(-half), VPEXPR::EVAL_SIGNED);
+    high = kernel_new<VPEXPR>(static_cast<long>(half - 1), VPEXPR::EVAL_SIGNED);
   } else {
     const uint32_t mask = bits <= 0 ? 0u : bits >= 32 ? 0xffffffffu : (1u << bits) - 1;
-    low = new VPEXPR(0, VPEXPR::EVAL_UNSIGNED);
-    high = new VPEXPR(static_cast<long>(mask), VPEXPR::EVAL_UNSIGNED);
+    low = kernel_new<VPEXPR>(0, VPEXPR::EVAL_UNSIGNED);
+    high = kernel_new<VPEXPR>(static_cast<long>(mask), VPEXPR::EVAL_UNSIGNED);
   }
   rs.sat_bounds = {low, high};
   rs.set_sat(mode, high->text);

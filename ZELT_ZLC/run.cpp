@@ -17,6 +17,7 @@
 
 #include "DIAG/diag.h"
 #include "ZELT_ZLC/driver.h"
+#include "ZELT_ZLC/text_out.h"
 #include "options/optobj.h"
 #include "support/cmdfile.h"
 #include "support/fname.h"
@@ -91,6 +92,7 @@ void remove_output(const std::string& name) {
 }
 
 void flush_outputs() {
+  flush_text_outputs();
   outfile.flush();
   header_file.flush();
 }
@@ -142,6 +144,7 @@ int translate() {
   parser = new_VC_PARSER(srcfile);
   parser->parse();
 
+  flush_text_outputs();
   close_output(outfile, out_file_name);
   if (header_file.is_open()) {
     header_file << "#endif\n\n";

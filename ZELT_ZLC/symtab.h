@@ -8,6 +8,7 @@
 #include <string>
 
 #include "DIAG/diag.h"
+#include "ZELT_ZLC/kernel_objects.h"
 
 class SYMREG {
  public:
@@ -37,7 +38,7 @@ class SYM_TABLE {
   // who checks for duplicates itself, still gets it.  A number other than -1
   // is stored in the object and enters or replaces the number map's entry.
   T* new_sym(const DIAG_SRCINFO& srcinfo, const std::string& name, int32_t number) {
-    T* sym = new T(srcinfo, name);
+    T* sym = kernel_new<T>(srcinfo, name);
     by_name.emplace(name, sym);
     if (number != -1) {
       sym->number = number;

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "ZELT_ZLC/driver.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "options/optobj.h"
@@ -61,7 +62,7 @@ void VCMD::clear_curr() {
 }
 
 void VCMD::push_block(const DIAG_SRCINFO& at, const std::string& lcv, const VPEXPR* tripcount) {
-  auto* block = new VBLOCK(at, this, kernel, lcv, tripcount);
+  auto* block = kernel_new<VBLOCK>(at, this, kernel, lcv, tripcount);
   for (const VBLOCK* existing : blocks)
     if (existing->depth == curr_block->depth + 1) {
       DIAG::zlc_illegal_loop_nest().set_src(&at).report();
@@ -79,7 +80,7 @@ void VCMD::push_block(const DIAG_SRCINFO& at, const std::string& lcv, const VPEX
 
 void VCMD::push_rpt(const DIAG_SRCINFO& at, const std::string& lcv, const VPEXPR* count,
                     const VPEXPR* max) {
-  auto* rpt = new VRPT(at, this, kernel, lcv, count, max);
+  auto* rpt = kernel_new<VRPT>(at, this, kernel, lcv, count, max);
   if (max && !max->is_const()) DIAG::zlc_rpt_nonconst_max(max->text).set_src(&at).report();
   if (load_count || init_count) DIAG::zlc_rpt_outer_instrs().set_src(&at).report();
   VBLOCK* parent = curr_block;
@@ -103,7 +104,7 @@ void VCMD::pop_block() {
 
 void VCMD::transfer_vrpt(const VRPT* other) {
   if (!other) return;
-  auto* rpt = new VRPT(other->srcinfo, this, kernel, other->lcv, other->count(), other->max);
+  auto* rpt = kernel_new<VRPT>(other->srcinfo, this, kernel, other->lcv, other->count(), other->max);
   root.add(rpt);
   curr_block = innermost = vrpt = rpt;
   blocks.push_back(rpt);
@@ -133,7 +134,7 @@ AGEN* VCMD::new_agen(const DIAG_SRCINFO& at, const std::string& name) {
 VLVALUE* VCMD::new_vlvalue(const DIAG_SRCINFO& at, const VPEXPR* addr, PARM* parm,
                            const VPEXPR* base, const VPEXPR* offset, AGEN* agen,
                            VDATA_TYPE type) {
-  auto* lv = new VLVALUE;
+  auto* lv = kernel_new<VLVALUE>();
   lv->srcinfo = copy_of(at);
   lv->parm = parm;
   lv->base = base;
@@ -160,7 +161,7 @@ void VCMD::set_lval_circ(int32_t code) {
   std::ostringstream text;
   text << "(char *)(((unsigned int)(" << old->text << ")) | 0x" << std::hex
        << (static_cast<uint32_t>(code) << circ_shift) << ")";
-  auto* addr = new VPEXPR(text.str());
+  auto* addr = kernel_new<VPEXPR>(text.str());
   addr->eval_type = VPEXPR::EVAL_SYMBOLIC;
   addr->uses_width = old->uses_width;
   addr->merge_parm_refs(old);
@@ -181,7 +182,7 @@ bool VCMD::check_agen_init(const VLVALUE* lv, const DIAG_SRCINFO& at) const {
 
 void VCMD::new_vprint(const DIAG_SRCINFO& at, VREG* vreg, const std::string& text) {
   curr_instr = nullptr;
-  if (vreg) add_instr(new VPRINT(at, this, vreg, text));
+  if (vreg) add_instr(kernel_new<VPRINT>(at, this, vreg, text));
 }
 
 void VCMD::add_instr(VINSTR* instr) {
@@ -310,7 +311,7 @@ std::string VCMD::lcv_name(int32_t level) const {
 const VPEXPR* VCMD::tripcount_expr(int32_t level) const {
   const VBLOCK* block = block_at_level(innermost, level);
   if (block && block->tripcount) return block->tripcount;
-  return new VPEXPR(1, VPEXPR::EVAL_SIGNED);
+  return kernel_new<VPEXPR>(1, VPEXPR::EVAL_SIGNED);
 }
 
 int32_t VCMD::max_depth() const { return innermost ? innermost->depth + 1 : 0; }

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "ZELT_ZLC/driver.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vhup_vtld.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vpexpr.h"
@@ -26,7 +27,7 @@ bool is_const_in(const VPEXPR* expr, std::initializer_list<int64_t> values) {
   return false;
 }
 
-const VPEXPR* default_dup() { return new VPEXPR(zelt_simd_width / dup_unit, VPEXPR::EVAL_SIGNED); }
+const VPEXPR* default_dup() { return kernel_new<VPEXPR>(zelt_simd_width / dup_unit, VPEXPR::EVAL_SIGNED); }
 
 void check_table_size(const DIAG_SRCINFO& srcinfo, const VPEXPR* table_size) {
   if (table_size && table_size->is_const() && table_size->value64() > max_table_size)
@@ -52,7 +53,7 @@ void VKERNEL::add_histogram_vloop(const DIAG_SRCINFO& srcinfo, const VPEXPR* cou
   if (profile_looptypes())
     std::cout << "ZLC_PROFILE: HISTOGRAM in " << name << " with " << text_or_zero(count)
               << " PARALLEL\n";
-  install_special_vloop(new VCMD_HIST(*this, count, table_size));
+  install_special_vloop(kernel_new<VCMD_HIST>(*this, count, table_size));
 }
 
 void VKERNEL::add_tablelkup_vloop(const DIAG_SRCINFO& srcinfo, const VPEXPR* tables,
@@ -82,7 +83,7 @@ void VKERNEL::add_tablelkup_vloop(const DIAG_SRCINFO& srcinfo, const VPEXPR* tab
   if (profile_looptypes())
     std::cout << "ZLC_PROFILE: TABLE_LOOKUP in " << name << " with " << text_or_zero(tables)
               << " TABLES and " << text_or_zero(points) << " POINTS \n";
-  install_special_vloop(new VCMD_TBL(*this, tables, points, dup, table_size));
+  install_special_vloop(kernel_new<VCMD_TBL>(*this, tables, points, dup, table_size));
 }
 
 VCMD_HIST::VCMD_HIST(VKERNEL& kernel, const VPEXPR* hist_count, const VPEXPR* table_size)
@@ -94,7 +95,7 @@ void VCMD_HIST::add_hist_update(const DIAG_SRCINFO& srcinfo, VREG* data, VREG* w
   VINSTR* in_progress = curr_instr;
   curr_instr = nullptr;
   if (!curr_vreg || !curr_lvalue) return;
-  auto* hup = new VHUP(srcinfo, this, data, weight, curr_vreg, curr_lvalue);
+  auto* hup = kernel_new<VHUP>(srcinfo, this, data, weight, curr_vreg, curr_lvalue);
   if (auto* mem = dynamic_cast<VMEM_INSTR*>(in_progress)) hup->round_sat.copy_data(mem->round_sat);
   curr_instr = hup;
 }
@@ -131,7 +132,7 @@ void VCMD_TBL::add_table_lookup(const DIAG_SRCINFO& srcinfo, VREG* index) {
   VINSTR* in_progress = curr_instr;
   curr_instr = nullptr;
   if (!curr_vreg || !curr_lvalue) return;
-  auto* tld = new VTLD(srcinfo, this, index, curr_vreg, curr_lvalue);
+  auto* tld = kernel_new<VTLD>(srcinfo, this, index, curr_vreg, curr_lvalue);
   if (auto* mem = dynamic_cast<VMEM_INSTR*>(in_progress)) tld->round_sat.copy_data(mem->round_sat);
   curr_instr = tld;
 }
@@ -139,7 +140,7 @@ void VCMD_TBL::add_table_lookup(const DIAG_SRCINFO& srcinfo, VREG* index) {
 void VCMD_TBL::add_expand_vload(const DIAG_SRCINFO& srcinfo, VREG* flags) {
   curr_instr = nullptr;
   if (!curr_vreg || !curr_lvalue) return;
-  auto* load = new VLOAD(srcinfo, this, curr_vreg, curr_lvalue);
+  auto* load = kernel_new<VLOAD>(srcinfo, this, curr_vreg, curr_lvalue);
   load->dist = VLOAD::EXPAND;
   load->flags_vreg = flags;
   curr_vreg->load_target = true;

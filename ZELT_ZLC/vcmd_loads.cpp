@@ -1,6 +1,7 @@
 // The parser's entry points for loads and inits of a vector loop.
 #include <climits>
 
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/preg.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vload.h"
@@ -55,7 +56,7 @@ void VCMD::new_vinit(const DIAG_SRCINFO& srcinfo, const VPEXPR* value) {
   if (is_lcv(value->text, level)) {
     // The coprocessor reads a loop variable directly: no parameter word.
     const int32_t number = lcv_preg_base + zelt_depth(level);
-    preg = new PREG(srcloc_internal, "P" + std::to_string(number));
+    preg = kernel_new<PREG>(srcloc_internal, "P" + std::to_string(number));
     preg->number = number;
     preg->text = value->text;
     type = VDATA_TYPE::uint16;
@@ -73,5 +74,5 @@ void VCMD::new_vinit(const DIAG_SRCINFO& srcinfo, const VPEXPR* value) {
     preg = new_preg(value->text, 2, false);
     type = VDATA_TYPE::int32;
   }
-  add_instr(new VINIT(srcinfo, this, curr_vreg, preg, value, type));
+  add_instr(kernel_new<VINIT>(srcinfo, this, curr_vreg, preg, value, type));
 }

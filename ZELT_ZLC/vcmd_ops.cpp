@@ -1,6 +1,7 @@
 // The parser's entry points for operations, moves and early exits of a
 // vector loop.
 #include "ZELT_ZLC/vcmd.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vop.h"
 #include "ZELT_ZLC/vpexpr.h"
 
@@ -21,7 +22,7 @@ void VCMD::new_vop(const DIAG_SRCINFO& srcinfo, const std::string& name, VREG* d
   curr_instr = nullptr;
   if (!dst) dst = curr_vreg;
   if (!dst) return;
-  auto* vop = new VOP(srcinfo, this, op_prefix + name);
+  auto* vop = kernel_new<VOP>(srcinfo, this, op_prefix + name);
   if (src3 && src3 != dst) DIAG::zlc_illegal_vop_dst(name).set_src(&srcinfo).report();
   vop->src1 = src1;
   vop->src2 = src2;
@@ -60,7 +61,7 @@ void VCMD::new_vop2d(const DIAG_SRCINFO& srcinfo, const std::string& name, VREG*
     DIAG::zlc_minmaxsetf_dst().set_src(&srcinfo).report();
     return;
   }
-  auto* vop = new VOP(srcinfo, this, op_prefix + name);
+  auto* vop = kernel_new<VOP>(srcinfo, this, op_prefix + name);
   if (min_max) {
     vop->src1 = src1;
     vop->src2 = src2;
@@ -92,7 +93,7 @@ void VCMD::new_vmove(const DIAG_SRCINFO& srcinfo, VREG* dst, VREG* src) {
   curr_instr = nullptr;
   if (!dst) dst = curr_vreg;  // `x = a` names its destination by the target
   if (!dst || !src) return;
-  auto* move = new VMOVE(srcinfo, this, dst, src, move_pos);
+  auto* move = kernel_new<VMOVE>(srcinfo, this, dst, src, move_pos);
   if (dst == src) DIAG::zlc_move_into_self(dst->name).set_src(&srcinfo).report();
   if (move_conds.empty()) {
     add_instr(move);
@@ -130,7 +131,7 @@ void VCMD::new_vexit(const DIAG_SRCINFO& srcinfo, const std::string& label, VREG
   if (!is_const_zero(index)) DIAG::zlc_illegal_exit_index().set_src(&srcinfo).report();
   if (vexit) DIAG::zlc_multiple_vexits(vexit->srcinfo.line()).set_src(&srcinfo).report();
   if (rhs && !is_const_zero(rhs)) DIAG::zlc_exit_rhs_nonzero().set_src(&srcinfo).report();
-  auto* exit = new VEXIT(srcinfo, this, vreg, label);
+  auto* exit = kernel_new<VEXIT>(srcinfo, this, vreg, label);
   vexit = exit;
   add_instr(exit);
 }

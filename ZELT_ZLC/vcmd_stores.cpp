@@ -2,6 +2,7 @@
 #include <iostream>
 
 #include "ZELT_ZLC/vcmd.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vcmd_hist_tbl.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vstore.h"
@@ -22,7 +23,7 @@ void profile_store(const VKERNEL& kernel, VSTORE::VDIST dist) {
 }  // namespace
 
 void VCMD::new_vstore(const DIAG_SRCINFO& srcinfo) {
-  curr_instr = curr_lvalue ? new VSTORE(srcinfo, this, curr_lvalue) : nullptr;
+  curr_instr = curr_lvalue ? kernel_new<VSTORE>(srcinfo, this, curr_lvalue) : nullptr;
 }
 
 void VCMD::new_collate_vstore(const DIAG_SRCINFO& srcinfo, VREG* pred) {

@@ -10,6 +10,7 @@
 #include "ZELT_ZLC/agen.h"
 #include "ZELT_ZLC/antlr_if.h"
 #include "ZELT_ZLC/driver.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vkernel.h"
 
@@ -18,16 +19,13 @@
 
 namespace {
 
-pANTLR3_BASE_TREE child(pANTLR3_BASE_TREE node, ANTLR3_UINT32 i) {
-  if (!node || i >= node->getChildCount(node)) return nullptr;
-  return static_cast<pANTLR3_BASE_TREE>(node->getChild(node, i));
-}
+EXPR_TREE* child(const EXPR_TREE* node, ANTLR3_UINT32 i) { return node ? node->child(i) : nullptr; }
 
-bool is_nil(pANTLR3_BASE_TREE node) { return !node || node->isNilNode(node); }
+bool is_nil(const EXPR_TREE* node) { return !node || node->nil; }
 
-ANTLR3_UINT32 type_of(pANTLR3_BASE_TREE node) { return node->getType(node); }
+ANTLR3_UINT32 type_of(const EXPR_TREE* node) { return node->type; }
 
-std::string text_of(pANTLR3_BASE_TREE node) { return antlr_text(node->getText(node)); }
+std::string text_of(const EXPR_TREE* node) { return std::string(node->text); }
 
 // A constant division by zero ends the run the way the machine's division
 // would, through the SIGFPE handler, without executing the division.
@@ -107,7 +105,7 @@ void PEXPR_EVALUATOR::set_type_if_unset(VPEXPR::EVAL_TYPE type) {
   if (expr.eval_type == VPEXPR::EVAL_UNSET) expr.eval_type = type;
 }
 
-int64_t PEXPR_EVALUATOR::eval_pexpr(pANTLR3_BASE_TREE node) {
+int64_t PEXPR_EVALUATOR::eval_pexpr(EXPR_TREE* node) {
   if (is_nil(node)) return 1;
   const ANTLR3_UINT32 type = type_of(node);
   if (is_binary_value(type)) {
@@ -125,7 +123,7 @@ int64_t PEXPR_EVALUATOR::eval_pexpr(pANTLR3_BASE_TREE node) {
     case UMINUS: {
       // A literal too big for a signed number is unsigned, but not once it
       // is negated; a type set before, by a cast, stays.
-      pANTLR3_BASE_TREE operand = child(node, 0);
+      EXPR_TREE* operand = child(node, 0);
       const bool was_unset = expr.eval_type == VPEXPR::EVAL_UNSET;
       const int64_t value = wrap(0 - static_cast<uint64_t>(eval_pexpr(operand)));
       if (was_unset && operand && type_of(operand) == INT_LITERAL &&
@@ -151,7 +149,7 @@ int64_t PEXPR_EVALUATOR::eval_pexpr(pANTLR3_BASE_TREE node) {
   }
 }
 
-int64_t PEXPR_EVALUATOR::eval_name(pANTLR3_BASE_TREE node) {
+int64_t PEXPR_EVALUATOR::eval_name(EXPR_TREE* node) {
   const std::string name = text_of(node);
   if (name == "ZELT_SIMD_WIDTH") {
     expr.uses_width = true;
@@ -160,20 +158,17 @@ int64_t PEXPR_EVALUATOR::eval_name(pANTLR3_BASE_TREE node) {
   }
   if (PARM* parm = kernel ? kernel->lookup_parm(name) : nullptr) {
     expr.parm_refs.insert(parm);
-    if (!parm->type().is_untyped()) {
-      pANTLR3_COMMON_TOKEN token = node->getToken(node);
-      if (token) token->setType(token, VPTR);
-    }
+    if (!parm->type().is_untyped()) node->type = VPTR;
   }
   return eval_symbolic(node);
 }
 
 // sizeof *p and sizeof **p of a pointer parameter: its element size.
-int64_t PEXPR_EVALUATOR::eval_sizeof(pANTLR3_BASE_TREE node) {
-  pANTLR3_BASE_TREE operand = child(node, 0);
-  pANTLR3_BASE_TREE name = nullptr;
+int64_t PEXPR_EVALUATOR::eval_sizeof(EXPR_TREE* node) {
+  EXPR_TREE* operand = child(node, 0);
+  EXPR_TREE* name = nullptr;
   if (!is_nil(operand) && type_of(operand) == UMULT) {
-    pANTLR3_BASE_TREE inner = child(operand, 0);
+    EXPR_TREE* inner = child(operand, 0);
     if (!is_nil(inner) && type_of(inner) == UMULT) inner = child(inner, 0);
     if (!is_nil(inner) && type_of(inner) == IDENTIFIER) name = inner;
   }
@@ -193,9 +188,9 @@ int64_t PEXPR_EVALUATOR::eval_sizeof(pANTLR3_BASE_TREE node) {
 
 // The children are still evaluated for their parameter references and the
 // retyping of pointer parameters.
-int64_t PEXPR_EVALUATOR::eval_symbolic(pANTLR3_BASE_TREE node) {
+int64_t PEXPR_EVALUATOR::eval_symbolic(EXPR_TREE* node) {
   expr.eval_type = VPEXPR::EVAL_SYMBOLIC;
-  for (ANTLR3_UINT32 i = 0; i < node->getChildCount(node); ++i) eval_pexpr(child(node, i));
+  for (EXPR_TREE* c = node->first; c; c = c->next) eval_pexpr(c);
   return 1;
 }
 
@@ -242,14 +237,11 @@ int64_t PEXPR_EVALUATOR::parse_int(const std::string& text) {
 
 namespace ANTLR3_TREE_UTIL {
 
-pANTLR3_COMMON_TOKEN first_real_token(pANTLR3_BASE_TREE tree) {
+const EXPR_TREE* first_real_token(const EXPR_TREE* tree) {
   if (!tree) return nullptr;
-  if (!tree->isNilNode(tree)) {
-    pANTLR3_COMMON_TOKEN token = tree->getToken(tree);
-    if (token && token->getStartIndex(token) != 0) return token;
-  }
-  for (ANTLR3_UINT32 i = 0; i < tree->getChildCount(tree); ++i)
-    if (pANTLR3_COMMON_TOKEN token = first_real_token(child(tree, i))) return token;
+  if (!tree->nil && tree->real) return tree;
+  for (const EXPR_TREE* c = tree->first; c; c = c->next)
+    if (const EXPR_TREE* found = first_real_token(c)) return found;
   return nullptr;
 }
 
@@ -265,67 +257,107 @@ int operator_precedence(ANTLR3_UINT32 type) {
   }
 }
 
-std::string tostring(pANTLR3_BASE_TREE tree, int required) {
-  if (!tree) return "";
-  if (tree->isNilNode(tree)) return "nil";
+namespace {
+
+// Appends the text of `tree` to `out`, so that printing is linear in the
+// size of the tree.
+void print(const EXPR_TREE* tree, int required, std::string& out) {
+  if (!tree) return;
+  if (tree->nil) {
+    out += "nil";
+    return;
+  }
   const ANTLR3_UINT32 type = type_of(tree);
-  if (type == PEXPR) return tostring(child(tree, 0), 0);
+  if (type == PEXPR) {
+    print(child(tree, 0), 0, out);
+    return;
+  }
   const int p = operator_precedence(type);
-  const std::string token = text_of(tree);
-  std::string text;
+  const bool wrap = p < required;
+  if (wrap) out += '(';
   if (is_binary_print(type)) {
-    text = tostring(child(tree, 0), p) + token + tostring(child(tree, 1), p + 1);
+    print(child(tree, 0), p, out);
+    out += tree->text;
+    print(child(tree, 1), p + 1, out);
   } else {
     switch (type) {
       case SIZEOF:
-        text = "sizeof(" + tostring(child(tree, 0), 0) + ")";
+        out += "sizeof(";
+        print(child(tree, 0), 0, out);
+        out += ')';
         break;
       case NOTB: case EXCLAIM: case UMINUS: case UMULT: case UAND:
-        text = token + tostring(child(tree, 0), p);
+        out += tree->text;
+        print(child(tree, 0), p, out);
         break;
       case SUBSCRIPT:
-        text = tostring(child(tree, 0), p) + "[" + tostring(child(tree, 1), 0) + "]";
+        print(child(tree, 0), p, out);
+        out += '[';
+        print(child(tree, 1), 0, out);
+        out += ']';
         break;
       case CALL:
-        text = tostring(child(tree, 0), p) + "(" + tostring(child(tree, 1), 0) + ")";
+        print(child(tree, 0), p, out);
+        out += '(';
+        print(child(tree, 1), 0, out);
+        out += ')';
         break;
       case ARGS:
-        for (ANTLR3_UINT32 i = 0; i < tree->getChildCount(tree); ++i)
-          text += (i ? ", " : "") + tostring(child(tree, i), 0);
+        for (const EXPR_TREE* c = tree->first; c; c = c->next) {
+          if (c != tree->first) out += ", ";
+          print(c, 0, out);
+        }
         break;
       case IDENTIFIER: case INT_LITERAL:
-        text = token;
+        out += tree->text;
         break;
       case VPTR:
-        text = required == 0 ? token : "(uchar *)" + token;
+        if (required != 0) out += "(uchar *)";
+        out += tree->text;
         break;
       case QUEST:
         // The third child is the ':' node; the else branch is not printed.
-        text = tostring(child(tree, 0), p + 1) + "?" + tostring(child(tree, 1), p + 1) + ":" +
-               tostring(child(tree, 2), p);
+        print(child(tree, 0), p + 1, out);
+        out += '?';
+        print(child(tree, 1), p + 1, out);
+        out += ':';
+        print(child(tree, 2), p, out);
         break;
       default:
-        text = "<unknown node: " + token + ">";
+        out += "<unknown node: ";
+        out += tree->text;
+        out += '>';
         break;
     }
   }
-  return p < required ? "(" + text + ")" : text;
+  if (wrap) out += ')';
+}
+
+}  // namespace
+
+std::string tostring(const EXPR_TREE* tree, int required) {
+  std::string out;
+  print(tree, required, out);
+  return out;
 }
 
 }  // namespace ANTLR3_TREE_UTIL
 
-DIAG_SRCINFO_DATA antlr_srcinfo(pANTLR3_BASE_TREE tree) {
-  return antlr_srcinfo(ANTLR3_TREE_UTIL::first_real_token(tree));
+DIAG_SRCINFO_DATA antlr_srcinfo(const EXPR_TREE* tree) {
+  const EXPR_TREE* node = ANTLR3_TREE_UTIL::first_real_token(tree);
+  if (!node || !node->input || !node->input->fileName) return DIAG_SRCINFO_DATA("unknown", 0, 0);
+  return DIAG_SRCINFO_DATA(antlr_text(node->input->fileName), node->line,
+                           static_cast<unsigned>(node->column));
 }
 
-VPEXPR* build_pexpr(pANTLR3_BASE_TREE tree, const std::string& text) {
-  auto* expr = new VPEXPR(text);
+VPEXPR* build_pexpr(EXPR_TREE* tree, const std::string& text) {
+  auto* expr = kernel_new<VPEXPR>(text);
   PEXPR_EVALUATOR evaluator(*expr, curr_vkernel);
   expr->value = static_cast<uint32_t>(evaluator.eval_pexpr(tree));
   return expr;
 }
 
-void check_pexpr_value_equals(pANTLR3_BASE_TREE tree, const std::string& text,
+void check_pexpr_value_equals(EXPR_TREE* tree, const std::string& text,
                               uint32_t expected) {
   const VPEXPR* expr = build_pexpr(tree, text);
   if (!expr->is_const() || expr->value64() == static_cast<int64_t>(expected)) return;
@@ -343,11 +375,12 @@ class AGEN_EXPR_PARSER {
  public:
   AGEN_EXPR_PARSER(const VCMD& vcmd, AGEN& agen) : vcmd(vcmd), agen(agen) {}
 
-  bool analyze_agen_expr(pANTLR3_BASE_TREE node);
+  // `evaluated`: an enclosing sum has been evaluated already.
+  bool analyze_agen_expr(EXPR_TREE* node, bool evaluated = false);
   const std::string& error() const { return error_text; }
 
  private:
-  const VPEXPR* analyze_agen_term(pANTLR3_BASE_TREE node);
+  const VPEXPR* analyze_agen_term(EXPR_TREE* node);
   void set_error(const std::string& text) {
     if (error_text.empty()) error_text = text;
   }
@@ -359,24 +392,32 @@ class AGEN_EXPR_PARSER {
   int32_t lcv_depth = 0;
 };
 
-bool AGEN_EXPR_PARSER::analyze_agen_expr(pANTLR3_BASE_TREE node) {
+bool AGEN_EXPR_PARSER::analyze_agen_expr(EXPR_TREE* node, bool evaluated) {
   while (!is_nil(node) && type_of(node) == PEXPR) node = child(node, 0);
   if (is_nil(node)) return false;
   has_lcv = false;
+  if (type_of(node) == PLUS) {
+    // A sum is no term.  Taken as a factor it would be evaluated, which
+    // marks its pointer parameters, or stops the run at a constant division
+    // by zero; evaluating the outermost sum once does all of that for the
+    // sums inside it, and keeps the analysis linear.
+    if (!evaluated) {
+      VPEXPR scratch("");
+      PEXPR_EVALUATOR(scratch, curr_vkernel).eval_pexpr(node);
+    }
+    if (node->child_count < 2) return false;
+    return analyze_agen_expr(child(node, 0), true) && analyze_agen_expr(child(node, 1), true);
+  }
   if (const VPEXPR* stride = analyze_agen_term(node); stride && has_lcv) {
     agen.strides[static_cast<size_t>(lcv_depth)] = stride;
     if (agen.deepest_depth < lcv_depth) agen.deepest_depth = lcv_depth;
     return true;
   }
-  if (type_of(node) == PLUS) {
-    if (node->getChildCount(node) < 2) return false;
-    return analyze_agen_expr(child(node, 0)) && analyze_agen_expr(child(node, 1));
-  }
   set_error("expression must contain exactly one loop control variable");
   return false;
 }
 
-const VPEXPR* AGEN_EXPR_PARSER::analyze_agen_term(pANTLR3_BASE_TREE node) {
+const VPEXPR* AGEN_EXPR_PARSER::analyze_agen_term(EXPR_TREE* node) {
   if (is_nil(node)) return nullptr;
   switch (type_of(node)) {
     case IDENTIFIER: {
@@ -393,7 +434,7 @@ const VPEXPR* AGEN_EXPR_PARSER::analyze_agen_term(pANTLR3_BASE_TREE node) {
       return VPEXPR::one;
     }
     case MULT: {
-      if (node->getChildCount(node) != 2) return nullptr;
+      if (node->child_count != 2) return nullptr;
       const VPEXPR* a = analyze_agen_term(child(node, 0));
       const VPEXPR* b = analyze_agen_term(child(node, 1));
       return a && b ? VPEXPR::product(a, b) : nullptr;
@@ -406,7 +447,7 @@ const VPEXPR* AGEN_EXPR_PARSER::analyze_agen_term(pANTLR3_BASE_TREE node) {
 // The address of a load or store: exactly one pointer parameter, as p or
 // p[k], alone or plus an offset.
 struct VLVALUE_EXPR_PARSER {
-  void analyze_expr(pANTLR3_BASE_TREE tree, const std::string& text);
+  void analyze_expr(EXPR_TREE* tree, const std::string& text);
 
   VPEXPR* whole = nullptr;
   PARM* parm = nullptr;
@@ -415,19 +456,19 @@ struct VLVALUE_EXPR_PARSER {
   bool not_one_pointer = false;  // no pointer parameter, or more than one
 };
 
-bool is_pointer_like(pANTLR3_BASE_TREE node) {
+bool is_pointer_like(EXPR_TREE* node) {
   if (is_nil(node)) return false;
   if (type_of(node) == VPTR) return true;
   if (type_of(node) != SUBSCRIPT) return false;
-  pANTLR3_BASE_TREE array = child(node, 0);
+  EXPR_TREE* array = child(node, 0);
   return !is_nil(array) && type_of(array) == VPTR;
 }
 
-const VPEXPR* tree_pexpr(pANTLR3_BASE_TREE node) {
+const VPEXPR* tree_pexpr(EXPR_TREE* node) {
   return build_pexpr(node, ANTLR3_TREE_UTIL::tostring(node));
 }
 
-void VLVALUE_EXPR_PARSER::analyze_expr(pANTLR3_BASE_TREE tree, const std::string& text) {
+void VLVALUE_EXPR_PARSER::analyze_expr(EXPR_TREE* tree, const std::string& text) {
   if (is_nil(tree)) return;
   whole = build_pexpr(tree, text);
   int pointers = 0;
@@ -438,13 +479,13 @@ void VLVALUE_EXPR_PARSER::analyze_expr(pANTLR3_BASE_TREE tree, const std::string
   not_one_pointer = pointers != 1;
   whole->text = ANTLR3_TREE_UTIL::tostring(tree);
 
-  pANTLR3_BASE_TREE node = type_of(tree) == PEXPR ? child(tree, 0) : tree;
+  EXPR_TREE* node = type_of(tree) == PEXPR ? child(tree, 0) : tree;
   if (is_pointer_like(node)) {
     base = tree_pexpr(node);
-    offset = new VPEXPR(0, VPEXPR::EVAL_UNSIGNED);
-  } else if (!is_nil(node) && type_of(node) == PLUS && node->getChildCount(node) >= 2) {
-    pANTLR3_BASE_TREE left = child(node, 0);
-    pANTLR3_BASE_TREE right = child(node, 1);
+    offset = kernel_new<VPEXPR>(0, VPEXPR::EVAL_UNSIGNED);
+  } else if (!is_nil(node) && type_of(node) == PLUS && node->child_count >= 2) {
+    EXPR_TREE* left = child(node, 0);
+    EXPR_TREE* right = child(node, 1);
     if (is_pointer_like(left)) {
       base = tree_pexpr(left);
       offset = tree_pexpr(right);
@@ -457,7 +498,7 @@ void VLVALUE_EXPR_PARSER::analyze_expr(pANTLR3_BASE_TREE tree, const std::string
 
 }  // namespace
 
-void analyze_agen_expr(pANTLR3_BASE_TREE tree, AGEN* agen) {
+void analyze_agen_expr(EXPR_TREE* tree, AGEN* agen) {
   if (!tree || !agen) return;
   agen->has_init = true;
   if (ANTLR3_TREE_UTIL::tostring(tree) == "0") return;
@@ -467,7 +508,7 @@ void analyze_agen_expr(pANTLR3_BASE_TREE tree, AGEN* agen) {
   DIAG::zlc_illegal_agen_expr(parser.error()).set_src(&position).report();
 }
 
-void analyze_lvalue_expr(pANTLR3_BASE_TREE tree, const std::string& text, AGEN* agen) {
+void analyze_lvalue_expr(EXPR_TREE* tree, const std::string& text, AGEN* agen) {
   const DIAG_SRCINFO_DATA position = antlr_srcinfo(tree);
   VLVALUE_EXPR_PARSER parser;
   parser.analyze_expr(tree, text);

@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "ZELT_ZLC/driver.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "options/optobj.h"
@@ -15,7 +16,7 @@
 VKERNEL* curr_vkernel = nullptr;
 VCMD* curr_vcmd = nullptr;
 
-VKERNEL* new_vkernel(std::ostream& outfile, std::ostream& header_file) {
+VKERNEL* new_vkernel(TEXT_OUT& outfile, TEXT_OUT& header_file) {
   return new_translation_kernel(outfile, header_file);
 }
 
@@ -23,11 +24,11 @@ namespace {
 bool option_given(option_obj::option_id id) { return global_opts && global_opts->state[id] != 0; }
 }  // namespace
 
-VKERNEL::VKERNEL(std::ostream& outfile, std::ostream& header_file)
+VKERNEL::VKERNEL(TEXT_OUT& outfile, TEXT_OUT& header_file)
     : outfile(outfile), header_file(header_file), cpp_out(option_given(option_obj::OO_CPP_OUT)) {
   for (int32_t number = 0; number < internal_vregs; ++number)
     vregs.new_vreg(srcloc_internal, "V" + std::to_string(number), number);
-  curr_vcmd = ::curr_vcmd = new VCMD(*this);
+  curr_vcmd = ::curr_vcmd = kernel_new<VCMD>(*this);
 }
 
 void VKERNEL::format() {
@@ -37,8 +38,10 @@ void VKERNEL::format() {
   format_initializer();
   format_vloops();
   format_runner();
-  const auto* file = dynamic_cast<const std::ofstream*>(&header_file);
+  const auto* file = dynamic_cast<const std::ofstream*>(&header_file.stream());
   if (!file || file->is_open()) format_header_file();
+  outfile.flush();
+  header_file.flush();
 }
 
 void VKERNEL::set_name(const std::string& kernel_name) {
@@ -81,11 +84,8 @@ AGEN* VKERNEL::lookup_global_agen(const std::string& agen_name) const {
 
 VINSTR* VKERNEL::find_vreg_instr(const VREG* vreg) const {
   if (vcmds.empty()) return nullptr;
-  for (size_t i = vcmds.size() - 1; i > 0; --i) {
-    VINSTR* def = vcmds[i]->find_vreg_instr(vreg);
-    if (def && !def->is_vstore()) return def;
-  }
-  return vcmds.front()->find_vreg_instr(vreg);
+  auto later = later_defs.find(vreg);
+  return later != later_defs.end() ? later->second : vcmds.front()->find_vreg_instr(vreg);
 }
 
 void VKERNEL::add_curr_vloop() {
@@ -97,9 +97,12 @@ void VKERNEL::add_curr_vloop() {
           .report();
   }
   vcmds.push_back(curr_vcmd);
+  if (vcmds.size() > 1)
+    for (const auto& [vreg, def] : curr_vcmd->vreg_instrs)
+      if (def && !def->is_vstore()) later_defs[vreg] = def;
   curr_vcmd->analyze_vloop();
   vregs.revive_vregs();
-  curr_vcmd = ::curr_vcmd = new VCMD(*this);
+  curr_vcmd = ::curr_vcmd = kernel_new<VCMD>(*this);
   std::vector<AGEN*> previous;
   previous.swap(global_agens);
   for (const AGEN* old : previous) {
@@ -142,7 +145,7 @@ void VKERNEL::check_kernel() {
 
 bool VKERNEL::profiling() const { return option_given(option_obj::OO_PROFILE); }
 
-void VKERNEL::format_profiler_var(std::ostream& out, const std::string& suffix, bool define) {
+void VKERNEL::format_profiler_var(TEXT_OUT& out, const std::string& suffix, bool define) {
   if (!profiling()) return;
   out << (define ? "" : "extern ") << "__TSC_TYPE " << name << "_" << suffix << "_cycles"
       << (define ? " = 0" : "") << ";\n";
@@ -172,12 +175,12 @@ void VKERNEL::format_profiler_log() {
 
 std::string VKERNEL::linkage_decl() const { return cpp_out ? "" : "extern \"C\" "; }
 
-void VKERNEL::format_function_signature(std::ostream& out, bool basic) const {
+void VKERNEL::format_function_signature(TEXT_OUT& out, bool basic) const {
   out << "void " << name << (basic ? "" : "_custom");
   parms.format_declarations(pblock_name, out, false, !basic, cpp_out);
 }
 
-void VKERNEL::format_init_sig(std::ostream& out) const {
+void VKERNEL::format_init_sig(TEXT_OUT& out) const {
   out << "unsigned int " << name << "_init";
   parms.format_declarations(pblock_name, out, false, true, cpp_out);
 }
@@ -201,7 +204,7 @@ std::string VKERNEL::format_preg_attrs() {
 }
 
 void VKERNEL::format_header_file() {
-  std::ostream& out = header_file;
+  TEXT_OUT& out = header_file;
   out << "/* Parameter Register Block */\n"
       << "extern unsigned short " << pblock_name << "[" << param_count << "];\n\n";
   if (profiling()) {

@@ -5,13 +5,14 @@
 #define ZLC_ZELT_ZLC_VKERNEL_H
 
 #include <cstdint>
-#include <ostream>
+#include <map>
 #include <string>
 #include <vector>
 
 #include "DIAG/diag.h"
 #include "ZELT_ZLC/agen.h"
 #include "ZELT_ZLC/parm.h"
+#include "ZELT_ZLC/text_out.h"
 #include "ZELT_ZLC/vdata_type.h"
 #include "ZELT_ZLC/vreg.h"
 
@@ -27,7 +28,7 @@ class VKERNEL {
   static constexpr int32_t max_pregs = 64;
   static constexpr int64_t max_tripcount = 0xffff;
 
-  VKERNEL(std::ostream& outfile, std::ostream& header_file);
+  VKERNEL(TEXT_OUT& outfile, TEXT_OUT& header_file);
   virtual ~VKERNEL() = default;
   VKERNEL(const VKERNEL&) = delete;
   VKERNEL& operator=(const VKERNEL&) = delete;
@@ -43,13 +44,13 @@ class VKERNEL {
   virtual void format_kernel_information() {}
   // Cycle counters, written only with --profile.
   virtual void format_profiler_variables();
-  virtual void format_profiler_var(std::ostream& out, const std::string& suffix, bool define);
+  virtual void format_profiler_var(TEXT_OUT& out, const std::string& suffix, bool define);
   virtual void format_profiler_start();
   virtual void format_profiler_stop(const std::string& suffix);
   virtual void format_profiler_log();
   virtual void translate_for_9k() {}
   virtual bool needs_update_function() { return false; }
-  virtual void format_update_sig(std::ostream& out) { (void)out; }
+  virtual void format_update_sig(TEXT_OUT& out) { (void)out; }
 
   // The kernel's name, also appended to the parameter block's name.
   void set_name(const std::string& kernel_name);
@@ -89,21 +90,24 @@ class VKERNEL {
 
   // Texts of the generated functions' heads.
   std::string linkage_decl() const;
-  void format_function_signature(std::ostream& out, bool basic) const;
-  void format_init_sig(std::ostream& out) const;
+  void format_function_signature(TEXT_OUT& out, bool basic) const;
+  void format_init_sig(TEXT_OUT& out) const;
   std::string format_vloop_sig(bool with_default) const;
   std::string format_param_count_sig() const;
   // The two attribute lines of the parameter block, each ended by a newline.
   static std::string format_preg_attrs();
   void format_header_file();
 
-  std::ostream& outfile;
-  std::ostream& header_file;
+  TEXT_OUT& outfile;
+  TEXT_OUT& header_file;
   bool cpp_out;  // --cpp_out: no C linkage, the block is a pointer
   VREG_TABLE vregs;
   PARM_TABLE parms;
   std::vector<AGEN*> global_agens;  // declared outside every loop, unique by name
   std::vector<VCMD*> vcmds;         // completed loops, in source order
+  // The newest definition other than a store of each register, over the
+  // completed loops after the first.
+  std::map<const VREG*, VINSTR*, VREG_ORDER> later_defs;
   VCMD* curr_vcmd;
   std::string name;
   std::string pblock_name = "__pblock_";
@@ -121,6 +125,6 @@ class VKERNEL {
 extern VKERNEL* curr_vkernel;
 extern VCMD* curr_vcmd;
 
-VKERNEL* new_vkernel(std::ostream& outfile, std::ostream& header_file);
+VKERNEL* new_vkernel(TEXT_OUT& outfile, TEXT_OUT& header_file);
 
 #endif

@@ -3,6 +3,7 @@
 // each kind of loop, and the tables of custom distributions.
 #include "ZELT_ZLC/vload.h"
 
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/preg.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vkernel.h"
@@ -34,7 +35,7 @@ VLOAD* make_vload(VCMD& vcmd, const DIAG_SRCINFO& srcinfo) {
   if (!vcmd.curr_vreg || !vcmd.curr_lvalue) return nullptr;
   vcmd.curr_vreg->set_type_from_lvalue(vcmd.curr_lvalue);
   vcmd.curr_vreg->load_target = true;
-  return new VLOAD(srcinfo, &vcmd, vcmd.curr_vreg, vcmd.curr_lvalue);
+  return kernel_new<VLOAD>(srcinfo, &vcmd, vcmd.curr_vreg, vcmd.curr_lvalue);
 }
 
 bool VLOAD::check_agen_depth() {

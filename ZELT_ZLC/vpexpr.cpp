@@ -7,6 +7,8 @@
 #include <string_view>
 #include <utility>
 
+#include "ZELT_ZLC/kernel_objects.h"
+
 namespace {
 
 const VPEXPR zero_value(0, VPEXPR::EVAL_SIGNED);
@@ -27,7 +29,7 @@ std::string binary_text(const VPEXPR* a, const char* op, const VPEXPR* b) {
 // The result of an operation that no short cut answered: symbolic, with the
 // references of a and then of b.
 VPEXPR* new_result(const VPEXPR* a, const VPEXPR* b, std::string text) {
-  VPEXPR* result = new VPEXPR(std::move(text));
+  VPEXPR* result = kernel_new<VPEXPR>(std::move(text));
   result->eval_type = VPEXPR::EVAL_SYMBOLIC;
   result->merge_parm_refs(a);
   result->merge_parm_refs(b);

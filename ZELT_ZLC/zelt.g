@@ -1,12 +1,10 @@
 // The kernel language: lexer and parser.  The parser's actions build the
 // kernel model through curr_vkernel and curr_vcmd while the text is read;
-// only the parameter-expression rules build trees.
+// only the parameter-expression rules build trees, in their actions.
 grammar zelt;
 
 options {
   language = C;
-  output = AST;
-  ASTLabelType = pANTLR3_BASE_TREE;
   tokenVocab = zelt_vocab;
 }
 
@@ -18,15 +16,46 @@ options {
   ANTLR_INTERFACE* ai;  // the interface that owns this lexer
 }
 
+@parser::context {
+  EXPR_TREES* trees;  // the nodes of the current statement's expressions
+}
+
 @parser::includes {
 #include "ZELT_ZLC/antlr_if.h"
+#include "ZELT_ZLC/expr_tree.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/driver.h"
+#include "ZELT_ZLC/text_out.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vctree.h"
 #include "ZELT_ZLC/vload.h"
 #include "ZELT_ZLC/vop.h"
 #include "ZELT_ZLC/vstore.h"
+}
+
+@parser::members {
+// The arena of expression trees, and the text of a rule from its tokens.
+#define TREES (*ctx->trees)
+#define RULE_TEXT(start, stop) antlr_text(RECOGNIZER, start, stop)
+
+// The level of a binary operator, from 1 for the logical or to 10 for the
+// multiplying operators; 0 for any other token.
+static int binary_level(ANTLR3_UINT32 type) {
+  switch (type) {
+    case OROR: return 1;
+    case ANDAND: return 2;
+    case ORB: return 3;
+    case XORB: return 4;
+    case ANDB: return 5;
+    case EQ: case NEQ: return 6;
+    case LESS: case LE: case GT: case GE: return 7;
+    case SHL: case SHR: return 8;
+    case PLUS: case MINUS: return 9;
+    case MULT: case DIV: case MOD: return 10;
+    default: return 0;
+  }
+}
 }
 
 
@@ -39,7 +68,10 @@ translation_unit
 
 kernel_definition
 @init {
-  if (BACKTRACKING == 0) curr_vkernel = new_vkernel(outfile, header_file);
+  if (BACKTRACKING == 0) {
+    KERNEL_OBJECTS::begin();  // the objects of the previous kernel go first
+    curr_vkernel = new_vkernel(source_text(), header_text());
+  }
 }
   : kernel_header compound_statement
     { curr_vkernel->format(); }
@@ -67,7 +99,7 @@ parameter_declaration
   : q=parameter_qualifiers t=parameter_type name=IDENTIFIER a=array_suffixes
     {
       curr_vkernel->new_parm(antlr_srcinfo($name), antlr_text($name), $q.flags,
-                             antlr_text($t.text), antlr_text($a.text));
+                             RULE_TEXT($t.start, $t.stop), RULE_TEXT($a.start, $a.stop));
     }
   ;
 
@@ -164,13 +196,14 @@ agen_name returns [AGEN* agen = NULL]
   ;
 
 agen_declarator
-@init { pANTLR3_BASE_TREE formula = nullptr; }
-  : a=agen_name ( ASG e=agen_expression { formula = $e.tree; } )?
+@init { EXPR_TREE* formula = nullptr; }
+  : a=agen_name ( ASG e=agen_expression { formula = $e.expr; } )?
     { analyze_agen_expr(formula, $a.agen); }
   ;
 
-agen_expression
-  : pexpression
+agen_expression returns [EXPR_TREE* expr]
+@init { $expr = error_tree(); }
+  : e=pexpression { $expr = $e.expr; }
   ;
 
 // ---------------------------------------------------------------------------
@@ -181,6 +214,7 @@ options { k = 1; }
 scope { int unused; }
 @init {
   if (BACKTRACKING == 0) {
+    antlr_begin_statement(RECOGNIZER);
     antlr_push(RECOGNIZER, "statement");
     curr_vcmd->clear_curr();
   }
@@ -206,8 +240,8 @@ loop_statement
     | f='foreach' '(' lcv=IDENTIFIER ',' count=pexpression ',' limit=pexpression ')'
       {
         curr_vcmd->push_rpt(antlr_srcinfo($f), antlr_text($lcv),
-                            build_pexpr($count.tree, antlr_text($count.text)),
-                            build_pexpr($limit.tree, antlr_text($limit.text)));
+                            build_pexpr($count.expr, RULE_TEXT($count.start, $count.stop)),
+                            build_pexpr($limit.expr, RULE_TEXT($limit.start, $limit.stop)));
       }
     )
     compound_statement
@@ -224,51 +258,54 @@ loop_init returns [pANTLR3_COMMON_TOKEN name = NULL]
   : INT_TYPE id=IDENTIFIER ASG first=constant
     {
       $name = $id;
-      check_pexpr_value_equals($first.tree, antlr_text($first.text), 0);
+      check_pexpr_value_equals($first.expr, RULE_TEXT($first.start, $first.stop), 0);
     }
   ;
 
 loop_condition returns [VPEXPR* tripcount = NULL]
 @init { $tripcount = nullptr; }
   : IDENTIFIER LESS e=pexpression
-    { $tripcount = build_pexpr($e.tree, antlr_text($e.text)); }
+    { $tripcount = build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop)); }
   ;
 
 loop_increment
   : '++' IDENTIFIER
   | IDENTIFIER '++'
   | IDENTIFIER '+=' step=integer_constant
-    { check_pexpr_value_equals($step.tree, antlr_text($step.text), 1); }
+    { check_pexpr_value_equals($step.expr, RULE_TEXT($step.start, $step.stop), 1); }
   ;
 
 special_loop_statement
 @init {
+  VPEXPR* first = nullptr;
   VPEXPR* second = nullptr;
   VPEXPR* third = nullptr;
   VPEXPR* fourth = nullptr;
 }
   : '_HISTOGRAM' '(' count=pexpression
-    ( ',' size=pexpression { second = build_pexpr($size.tree, antlr_text($size.text)); } )?
-    ')' ';'
-    {
-      curr_vkernel->add_histogram_vloop(antlr_srcinfo($count.tree),
-                                        build_pexpr($count.tree, antlr_text($count.text)),
-                                        second);
-    }
-  | '_LOOKUP' '(' tables=pexpression ',' points=pexpression
-    ( ',' dup=pexpression { third = build_pexpr($dup.tree, antlr_text($dup.text)); }
-      ( ',' size=pexpression { fourth = build_pexpr($size.tree, antlr_text($size.text)); } )?
+    ( ',' size=pexpression
+      { second = build_pexpr($size.expr, RULE_TEXT($size.start, $size.stop)); }
     )?
     ')' ';'
     {
-      curr_vkernel->add_tablelkup_vloop(antlr_srcinfo($tables.tree),
-                                        build_pexpr($tables.tree, antlr_text($tables.text)),
-                                        build_pexpr($points.tree, antlr_text($points.text)),
-                                        third, fourth);
+      first = build_pexpr($count.expr, RULE_TEXT($count.start, $count.stop));
+      curr_vkernel->add_histogram_vloop(antlr_srcinfo($count.expr), first, second);
+    }
+  | '_LOOKUP' '(' tables=pexpression ',' points=pexpression
+    ( ',' dup=pexpression { third = build_pexpr($dup.expr, RULE_TEXT($dup.start, $dup.stop)); }
+      ( ',' size=pexpression
+        { fourth = build_pexpr($size.expr, RULE_TEXT($size.start, $size.stop)); }
+      )?
+    )?
+    ')' ';'
+    {
+      first = build_pexpr($tables.expr, RULE_TEXT($tables.start, $tables.stop));
+      second = build_pexpr($points.expr, RULE_TEXT($points.start, $points.stop));
+      curr_vkernel->add_tablelkup_vloop(antlr_srcinfo($tables.expr), first, second, third, fourth);
     }
   | '_EXPAND' '(' flags=pexpression ')' ';'
     {
-      curr_vkernel->add_tablelkup_vloop(antlr_srcinfo($flags.tree), nullptr, nullptr, nullptr,
+      curr_vkernel->add_tablelkup_vloop(antlr_srcinfo($flags.expr), nullptr, nullptr, nullptr,
                                         nullptr);
     }
   | '_COLLATE' '(' pexpression ')' ';'
@@ -276,7 +313,7 @@ special_loop_statement
 
 agen_assignment
   : a=agen ASG e=agen_expression ';'
-    { analyze_agen_expr($e.tree, $a.agen); }
+    { analyze_agen_expr($e.expr, $a.agen); }
   ;
 
 vreg_statement
@@ -292,7 +329,7 @@ vreg_target
   ;
 
 vreg_pair
-  : '(' a=vreg COMMA b=vreg ')' { curr_vcmd->set_curr_vpair($a.vreg, $b.vreg); }
+  : '(' first=vreg COMMA second=vreg ')' { curr_vcmd->set_curr_vpair($first.vreg, $second.vreg); }
   ;
 
 vreg_rhs
@@ -301,7 +338,8 @@ options { k = 1; }
   | ( vector_operation )=> vector_operation
   | e=pexpression
     {
-      curr_vcmd->new_vinit(antlr_srcinfo($e.tree), build_pexpr($e.tree, antlr_text($e.text)));
+      curr_vcmd->new_vinit(antlr_srcinfo($e.expr),
+                           build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop)));
     }
   ;
 
@@ -309,13 +347,13 @@ load_expression
   : e=pexpression
     ( '[' a=agen ']'
       {
-        analyze_lvalue_expr($e.tree, antlr_text($e.text), $a.agen);
-        curr_vcmd->new_vload(antlr_srcinfo($e.tree));
+        analyze_lvalue_expr($e.expr, RULE_TEXT($e.start, $e.stop), $a.agen);
+        curr_vcmd->new_vload(antlr_srcinfo($e.expr));
       }
     | '[' 'expand' '(' flags=vreg ')' ']'
       {
-        analyze_lvalue_expr($e.tree, antlr_text($e.text), nullptr);
-        curr_vcmd->add_expand_vload(antlr_srcinfo($e.tree), $flags.vreg);
+        analyze_lvalue_expr($e.expr, RULE_TEXT($e.start, $e.stop), nullptr);
+        curr_vcmd->add_expand_vload(antlr_srcinfo($e.expr), $flags.vreg);
       }
     )
     ( load_distribution )?
@@ -350,7 +388,7 @@ custom_dist_list
 
 custom_dist_value
   : e=pexpression
-    { curr_vcmd->add_cust_pexpr(build_pexpr($e.tree, antlr_text($e.text))); }
+    { curr_vcmd->add_cust_pexpr(build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop))); }
   ;
 
 store_statement
@@ -362,13 +400,13 @@ store_target
   : e=pexpression
     ( '[' a=agen ']'
       {
-        analyze_lvalue_expr($e.tree, antlr_text($e.text), $a.agen);
-        curr_vcmd->new_vstore(antlr_srcinfo($e.tree));
+        analyze_lvalue_expr($e.expr, RULE_TEXT($e.start, $e.stop), $a.agen);
+        curr_vcmd->new_vstore(antlr_srcinfo($e.expr));
       }
     | '[' 'collate' '(' pred=vreg ')' ']'
       {
-        analyze_lvalue_expr($e.tree, antlr_text($e.text), nullptr);
-        curr_vcmd->new_collate_vstore(antlr_srcinfo($e.tree), $pred.vreg);
+        analyze_lvalue_expr($e.expr, RULE_TEXT($e.start, $e.stop), nullptr);
+        curr_vcmd->new_collate_vstore(antlr_srcinfo($e.expr), $pred.vreg);
       }
     )
     ( store_distribution )?
@@ -428,37 +466,37 @@ options { backtrack = true; }
 
 memory_round
   : STDOT 'round' '(' e=pexpression ')'
-    { curr_vcmd->set_vmem_round(build_pexpr($e.tree, antlr_text($e.text))); }
+    { curr_vcmd->set_vmem_round(build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop))); }
   ;
 
 memory_truncate
   : STDOT 'truncate' '(' e=pexpression ')'
-    { curr_vcmd->set_vmem_trunc(build_pexpr($e.tree, antlr_text($e.text))); }
+    { curr_vcmd->set_vmem_trunc(build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop))); }
   ;
 
 memory_saturate4
   : STDOT 'saturate' '(' a=pexpression COMMA b=pexpression COMMA c=pexpression COMMA
     d=pexpression ')'
     {
-      curr_vcmd->set_vmem_sat(build_pexpr($a.tree, antlr_text($a.text)),
-                              build_pexpr($b.tree, antlr_text($b.text)),
-                              build_pexpr($c.tree, antlr_text($c.text)),
-                              build_pexpr($d.tree, antlr_text($d.text)));
+      curr_vcmd->set_vmem_sat(build_pexpr($a.expr, RULE_TEXT($a.start, $a.stop)),
+                              build_pexpr($b.expr, RULE_TEXT($b.start, $b.stop)),
+                              build_pexpr($c.expr, RULE_TEXT($c.start, $c.stop)),
+                              build_pexpr($d.expr, RULE_TEXT($d.start, $d.stop)));
     }
   ;
 
 memory_saturate2
   : STDOT 'saturate' '(' a=pexpression COMMA b=pexpression ')'
     {
-      curr_vcmd->set_vmem_sat(build_pexpr($a.tree, antlr_text($a.text)),
-                              build_pexpr($b.tree, antlr_text($b.text)), nullptr, nullptr);
+      curr_vcmd->set_vmem_sat(build_pexpr($a.expr, RULE_TEXT($a.start, $a.stop)),
+                              build_pexpr($b.expr, RULE_TEXT($b.start, $b.stop)), nullptr, nullptr);
     }
   ;
 
 memory_saturate1
   : STDOT 'saturate' '(' a=pexpression ')'
     {
-      curr_vcmd->set_vmem_sat(build_pexpr($a.tree, antlr_text($a.text)), nullptr, nullptr,
+      curr_vcmd->set_vmem_sat(build_pexpr($a.expr, RULE_TEXT($a.start, $a.stop)), nullptr, nullptr,
                               nullptr);
     }
   ;
@@ -485,7 +523,7 @@ early_exit
   : f='if' '(' v=vreg '[' lane=pexpression ']' ')' 'goto' target=IDENTIFIER ';'
     {
       curr_vcmd->new_vexit(antlr_srcinfo($f), antlr_text($target), $v.vreg,
-                           build_pexpr($lane.tree, antlr_text($lane.text)), nullptr);
+                           build_pexpr($lane.expr, RULE_TEXT($lane.start, $lane.stop)), nullptr);
     }
   ;
 
@@ -494,8 +532,8 @@ early_exit_compare
     ';'
     {
       curr_vcmd->new_vexit(antlr_srcinfo($f), antlr_text($target), $v.vreg,
-                           build_pexpr($lane.tree, antlr_text($lane.text)),
-                           build_pexpr($rhs.tree, antlr_text($rhs.text)));
+                           build_pexpr($lane.expr, RULE_TEXT($lane.start, $lane.stop)),
+                           build_pexpr($rhs.expr, RULE_TEXT($rhs.start, $rhs.stop)));
     }
   ;
 
@@ -503,7 +541,7 @@ move_condition
   : lcv=IDENTIFIER EQ e=pexpression
     {
       curr_vcmd->add_vmove_lcv(antlr_srcinfo($lcv), antlr_text($lcv),
-                               build_pexpr($e.tree, antlr_text($e.text)), VMOVE::MP_ZERO);
+                               build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop)), VMOVE::MP_ZERO);
     }
   | ( move_condition_term ( ANDAND move_condition_term )* )=>
     move_condition_term ( ANDAND move_condition_term )*
@@ -514,12 +552,13 @@ move_condition_term
   : 'last' '(' lcv=IDENTIFIER COMMA e=pexpression ')'
     {
       curr_vcmd->add_vmove_lcv(antlr_srcinfo($lcv), antlr_text($lcv),
-                               build_pexpr($e.tree, antlr_text($e.text)), VMOVE::MP_TRIPCOUNT);
+                               build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop)),
+                               VMOVE::MP_TRIPCOUNT);
     }
   | '(' lcv=IDENTIFIER EQ e=pexpression ')'
     {
       curr_vcmd->add_vmove_lcv(antlr_srcinfo($lcv), antlr_text($lcv),
-                               build_pexpr($e.tree, antlr_text($e.text)), VMOVE::MP_ZERO);
+                               build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop)), VMOVE::MP_ZERO);
     }
   | '(' move_condition_term ')'
   ;
@@ -530,55 +569,55 @@ move_condition_term
 // register.
 
 vector_operation
-  : op=NOTB a=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vnot", nullptr, $a.vreg, nullptr, nullptr); }
+  : op=NOTB a=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vnot", nullptr, $a.reg, nullptr, nullptr); }
   | v=vreg { curr_vcmd->new_vmove(antlr_srcinfo($v.start), nullptr, $v.vreg); }
   | v=vreg op=SHL w=vreg { curr_vcmd->new_vop(antlr_srcinfo($op), "vshf", nullptr, $v.vreg, $w.vreg, nullptr); }
-  | op='round' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vrnd", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | op='abs' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vabs", nullptr, $a.vreg, nullptr, nullptr); }
-  | op='abs' '(' a=vsource MINUS b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vabsdif", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | op='min' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vmin", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | op='max' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vmax", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | op='minf' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vminsetf", $a.vreg, $b.vreg); }
-  | op='maxf' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vmaxsetf", $a.vreg, $b.vreg); }
-  | op='pack' '(' a=vsource GE b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbitpk", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | op='unpack' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbitunpk", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | op='apply_sign' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vsign", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | op='count_bits' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbitc", nullptr, $a.vreg, nullptr, nullptr); }
-  | op='reverse_bits' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbitr", nullptr, $a.vreg, nullptr, nullptr); }
-  | op='transpose_bits' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbittr", nullptr, $a.vreg, nullptr, nullptr); }
-  | op='binlog' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbinlog", nullptr, $a.vreg, nullptr, nullptr); }
-  | op='leading_bit' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vlmbd", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | op='interleave_bits' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbiti", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | op='deinterleave_bits' '(' a=vsource ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vbitdi", $a.vreg, nullptr); }
-  | op='jus16' '(' a=vsource ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vshf16", $a.vreg, nullptr); }
-  | op='select' '(' a=vsource COMMA b=vsource COMMA c=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vsel", nullptr, $a.vreg, $b.vreg, $c.vreg); }
-  | a=vsource op=XORB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vxor", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | a=vsource op=ORB b=vsource ORB c=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vor3", nullptr, $a.vreg, $b.vreg, $c.vreg); }
-  | a=vsource op=ORB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vor", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | a=vsource op=ANDB b=vsource ANDB c=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vand3", nullptr, $a.vreg, $b.vreg, $c.vreg); }
-  | a=vsource op=ANDB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vand", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | a=vsource op=ANDB NOTB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vandn", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | a=vsource op=MINUS b=vsource PLUS c=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadif", nullptr, $a.vreg, $b.vreg, $c.vreg); }
-  | a=vsource op=MINUS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vsub", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | a=vsource op=PLUS b=vsource PLUS c=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadd3", nullptr, $a.vreg, $b.vreg, $c.vreg); }
-  | a=vsource op=PLUS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadd", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | a=vsource op=PLUS 'hi' '(' b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vaddh", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | a=vsource op=MULT b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vmpy", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | a=vsource op=GE b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmpge", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | a=vsource op=GT b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmpgt", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | a=vsource op=LE b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmple", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | a=vsource op=LESS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmplt", nullptr, $a.vreg, $b.vreg, nullptr); }
-  | a=vsource op=EQ b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmpeq", nullptr, $a.vreg, $b.vreg, nullptr); }
+  | op='round' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vrnd", nullptr, $a.reg, $b.reg, nullptr); }
+  | op='abs' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vabs", nullptr, $a.reg, nullptr, nullptr); }
+  | op='abs' '(' a=vsource MINUS b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vabsdif", nullptr, $a.reg, $b.reg, nullptr); }
+  | op='min' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vmin", nullptr, $a.reg, $b.reg, nullptr); }
+  | op='max' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vmax", nullptr, $a.reg, $b.reg, nullptr); }
+  | op='minf' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vminsetf", $a.reg, $b.reg); }
+  | op='maxf' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vmaxsetf", $a.reg, $b.reg); }
+  | op='pack' '(' a=vsource GE b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbitpk", nullptr, $a.reg, $b.reg, nullptr); }
+  | op='unpack' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbitunpk", nullptr, $a.reg, $b.reg, nullptr); }
+  | op='apply_sign' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vsign", nullptr, $a.reg, $b.reg, nullptr); }
+  | op='count_bits' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbitc", nullptr, $a.reg, nullptr, nullptr); }
+  | op='reverse_bits' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbitr", nullptr, $a.reg, nullptr, nullptr); }
+  | op='transpose_bits' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbittr", nullptr, $a.reg, nullptr, nullptr); }
+  | op='binlog' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbinlog", nullptr, $a.reg, nullptr, nullptr); }
+  | op='leading_bit' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vlmbd", nullptr, $a.reg, $b.reg, nullptr); }
+  | op='interleave_bits' '(' a=vsource COMMA b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vbiti", nullptr, $a.reg, $b.reg, nullptr); }
+  | op='deinterleave_bits' '(' a=vsource ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vbitdi", $a.reg, nullptr); }
+  | op='jus16' '(' a=vsource ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vshf16", $a.reg, nullptr); }
+  | op='select' '(' a=vsource COMMA b=vsource COMMA c=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vsel", nullptr, $a.reg, $b.reg, $c.reg); }
+  | a=vsource op=XORB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vxor", nullptr, $a.reg, $b.reg, nullptr); }
+  | a=vsource op=ORB b=vsource ORB c=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vor3", nullptr, $a.reg, $b.reg, $c.reg); }
+  | a=vsource op=ORB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vor", nullptr, $a.reg, $b.reg, nullptr); }
+  | a=vsource op=ANDB b=vsource ANDB c=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vand3", nullptr, $a.reg, $b.reg, $c.reg); }
+  | a=vsource op=ANDB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vand", nullptr, $a.reg, $b.reg, nullptr); }
+  | a=vsource op=ANDB NOTB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vandn", nullptr, $a.reg, $b.reg, nullptr); }
+  | a=vsource op=MINUS b=vsource PLUS c=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadif", nullptr, $a.reg, $b.reg, $c.reg); }
+  | a=vsource op=MINUS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vsub", nullptr, $a.reg, $b.reg, nullptr); }
+  | a=vsource op=PLUS b=vsource PLUS c=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadd3", nullptr, $a.reg, $b.reg, $c.reg); }
+  | a=vsource op=PLUS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadd", nullptr, $a.reg, $b.reg, nullptr); }
+  | a=vsource op=PLUS 'hi' '(' b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vaddh", nullptr, $a.reg, $b.reg, nullptr); }
+  | a=vsource op=MULT b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vmpy", nullptr, $a.reg, $b.reg, nullptr); }
+  | a=vsource op=GE b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmpge", nullptr, $a.reg, $b.reg, nullptr); }
+  | a=vsource op=GT b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmpgt", nullptr, $a.reg, $b.reg, nullptr); }
+  | a=vsource op=LE b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmple", nullptr, $a.reg, $b.reg, nullptr); }
+  | a=vsource op=LESS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmplt", nullptr, $a.reg, $b.reg, nullptr); }
+  | a=vsource op=EQ b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vcmpeq", nullptr, $a.reg, $b.reg, nullptr); }
   | '(' vector_operation ')' ( operation_rounding )?
   ;
 
 operation_rounding
   : STDOT 'round' '(' e=pexpression ')'
-    { curr_vcmd->set_vop_round(VOP::RM_ROUND, build_pexpr($e.tree, antlr_text($e.text))); }
+    { curr_vcmd->set_vop_round(VOP::RM_ROUND, build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop))); }
   | STDOT 'truncate' '(' e=pexpression ')'
-    { curr_vcmd->set_vop_round(VOP::RM_TRUNC, build_pexpr($e.tree, antlr_text($e.text))); }
+    { curr_vcmd->set_vop_round(VOP::RM_TRUNC, build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop))); }
   | SHL e=pexpression
-    { curr_vcmd->set_vop_round(VOP::RM_SHIFT, build_pexpr($e.tree, antlr_text($e.text))); }
+    { curr_vcmd->set_vop_round(VOP::RM_SHIFT, build_pexpr($e.expr, RULE_TEXT($e.start, $e.stop))); }
   ;
 
 // The right sides of compound assignments: d is the register on the left.
@@ -598,18 +637,18 @@ scope { VREG* dst; }
 add_assign_rhs
 @init { VREG* d = $vreg_opassign::dst; }
   : v=vreg { curr_vcmd->new_vop(antlr_srcinfo($v.start), "vadd", d, d, $v.vreg, nullptr); }
-  | op='hi' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vaddh", d, d, $a.vreg, nullptr); }
-  | op='abs' '(' a=vsource MINUS b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vsad", d, $a.vreg, $b.vreg, d); }
-  | a=vsource op=MINUS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadif", d, $a.vreg, $b.vreg, d); }
-  | a=vsource op=PLUS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadd3", d, $a.vreg, $b.vreg, d); }
-  | a=vsource op=MULT b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vmadd", d, $a.vreg, $b.vreg, d); }
+  | op='hi' '(' a=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vaddh", d, d, $a.reg, nullptr); }
+  | op='abs' '(' a=vsource MINUS b=vsource ')' { curr_vcmd->new_vop(antlr_srcinfo($op), "vsad", d, $a.reg, $b.reg, d); }
+  | a=vsource op=MINUS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadif", d, $a.reg, $b.reg, d); }
+  | a=vsource op=PLUS b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vadd3", d, $a.reg, $b.reg, d); }
+  | a=vsource op=MULT b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vmadd", d, $a.reg, $b.reg, d); }
   | '(' add_assign_rhs ')' ( operation_rounding )?
   ;
 
 sub_assign_rhs
 @init { VREG* d = $vreg_opassign::dst; }
   : v=vreg { curr_vcmd->new_vop(antlr_srcinfo($v.start), "vsub", d, d, $v.vreg, nullptr); }
-  | a=vsource op=MULT b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vmsub", d, $a.vreg, $b.vreg, d); }
+  | a=vsource op=MULT b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vmsub", d, $a.reg, $b.reg, d); }
   | '(' sub_assign_rhs ')' ( operation_rounding )?
   ;
 
@@ -622,8 +661,8 @@ mul_assign_rhs
 and_assign_rhs
 @init { VREG* d = $vreg_opassign::dst; }
   : v=vreg { curr_vcmd->new_vop(antlr_srcinfo($v.start), "vand", d, d, $v.vreg, nullptr); }
-  | a=vsource op=ANDB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vand3", d, $a.vreg, $b.vreg, d); }
-  | op=NOTB a=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vandn", d, d, $a.vreg, nullptr); }
+  | a=vsource op=ANDB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vand3", d, $a.reg, $b.reg, d); }
+  | op=NOTB a=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vandn", d, d, $a.reg, nullptr); }
   | '(' and_assign_rhs ')' ( operation_rounding )?
   ;
 
@@ -631,7 +670,7 @@ or_assign_rhs
 @init { VREG* d = $vreg_opassign::dst; }
   : v=vreg { curr_vcmd->new_vop(antlr_srcinfo($v.start), "vor", d, d, $v.vreg, nullptr); }
   | v=vreg op=SHL w=vreg { curr_vcmd->new_vop(antlr_srcinfo($op), "vshfor", d, $v.vreg, $w.vreg, d); }
-  | a=vsource op=ORB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vor3", d, $a.vreg, $b.vreg, d); }
+  | a=vsource op=ORB b=vsource { curr_vcmd->new_vop(antlr_srcinfo($op), "vor3", d, $a.reg, $b.reg, d); }
   | '(' or_assign_rhs ')' ( operation_rounding )?
   ;
 
@@ -645,10 +684,10 @@ vreg_method
   : v=vreg STDOT 'clear' '(' ')'
     {
       curr_vcmd->set_curr_vreg($v.vreg);
-      curr_vcmd->new_vinit(antlr_srcinfo($v.start), new VPEXPR("0"));
+      curr_vcmd->new_vinit(antlr_srcinfo($v.start), kernel_new<VPEXPR>("0"));
     }
   | v=vreg STDOT 'print' '(' arg=print_argument ')'
-    { curr_vcmd->new_vprint(antlr_srcinfo($v.start), $v.vreg, antlr_text($arg.text)); }
+    { curr_vcmd->new_vprint(antlr_srcinfo($v.start), $v.vreg, RULE_TEXT($arg.start, $arg.stop)); }
   | vreg_pair STDOT
     ( op='deinterleave' '(' ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vdintrlv", nullptr, nullptr); }
     | op='interleave' '(' ')' { curr_vcmd->new_vop2d(antlr_srcinfo($op), "vintrlv", nullptr, nullptr); }
@@ -669,112 +708,156 @@ print_argument
   ;
 
 // ---------------------------------------------------------------------------
-// Parameter expressions: the only rules that build trees.
+// Parameter expressions: the only rules that build trees.  Each returns its
+// tree in `expr`, the error tree when the rule failed; the trees are built
+// only when the parser is not speculating.
 
-pexpression
-  : pexpression_body -> ^(PEXPR pexpression_body)
+pexpression returns [EXPR_TREE* expr]
+@init { $expr = error_tree(); }
+  : body=pexpression_body
+    {
+      $expr = TREES.imaginary(PEXPR, "PEXPR");
+      TREES.add_child($expr, $body.expr);
+    }
   ;
 
-pexpression_body
-  : conditional_pexpression
+pexpression_body returns [EXPR_TREE* expr]
+@init { $expr = error_tree(); }
+  : c=conditional_pexpression { $expr = $c.expr; }
   ;
 
-conditional_pexpression
-  : logical_or_pexpression ( QUEST^ pexpression_body ':' conditional_pexpression )?
+// The ':' stays in the tree as the third child of '?'.
+conditional_pexpression returns [EXPR_TREE* expr]
+@init { EXPR_ROOT root; $expr = error_tree(); }
+@after { if (BACKTRACKING == 0) $expr = root.result(); }
+  : a=binary_pexpression[1] { root.add(TREES, $a.expr); }
+    ( op=QUEST { root.become_root(TREES, TREES.node($op)); }
+      b=pexpression_body { root.add(TREES, $b.expr); }
+      colon=':' { root.add(TREES, TREES.node($colon)); }
+      c=conditional_pexpression { root.add(TREES, $c.expr); }
+    )?
   ;
 
-logical_or_pexpression
-  : logical_and_pexpression ( OROR^ logical_and_pexpression )*
-  ;
-
-logical_and_pexpression
-  : inclusive_or_pexpression ( ANDAND^ inclusive_or_pexpression )*
-  ;
-
-inclusive_or_pexpression
-  : exclusive_or_pexpression ( ORB^ exclusive_or_pexpression )*
-  ;
-
-exclusive_or_pexpression
-  : and_pexpression ( XORB^ and_pexpression )*
-  ;
-
-and_pexpression
-  : equality_pexpression ( ANDB^ equality_pexpression )*
-  ;
-
-equality_pexpression
-  : relational_pexpression ( ( EQ^ | NEQ^ ) relational_pexpression )*
-  ;
-
-relational_pexpression
-  : shift_pexpression ( ( LESS^ | LE^ | GT^ | GE^ ) shift_pexpression )*
-  ;
-
-shift_pexpression
-  : additive_pexpression ( ( SHL^ | SHR^ ) additive_pexpression )*
-  ;
-
-additive_pexpression
-  : multiplicative_pexpression ( ( PLUS^ | MINUS^ ) multiplicative_pexpression )*
-  ;
-
-multiplicative_pexpression
-  : cast_expression ( ( MULT^ | DIV^ | MOD^ ) cast_expression )*
-  ;
-
-cast_expression
-  : '(' type_spec ')' unary_pexpression -> ^(type_spec unary_pexpression)
-  | unary_pexpression
-  ;
-
-type_spec
-  : INT_TYPE
-  | UNS_TYPE
-  ;
-
-// An imaginary node made from a token names the token and its text: given
-// the token alone, the C target would take the token itself for the text.
-unary_pexpression
-  : SIZEOF^ unary_pexpression
-  | NOTB^ cast_expression
-  | EXCLAIM^ cast_expression
-  | op=MULT cast_expression -> ^(UMULT[$op, "*"] cast_expression)
-  | PLUS! cast_expression
-  | op=MINUS cast_expression -> ^(UMINUS[$op, "-"] cast_expression)
-  | op=ANDB cast_expression -> ^(UAND[$op, "&"] cast_expression)
-  | postfix_pexpression
-  ;
-
-postfix_pexpression
-  : ( primary_pexpression -> primary_pexpression )
-    ( { !is_agen(LT(2)) }? lb='[' e=pexpression_body ']'
-        -> ^(SUBSCRIPT[$lb, "["] $postfix_pexpression $e)
-    | lp='(' ')' -> ^(CALL[$lp, "("] $postfix_pexpression ARGS[$lp, "("])
-    | lp='(' args=argument_pexpression_list ')'
-        -> ^(CALL[$lp, "("] $postfix_pexpression ^(ARGS[$lp, "("] $args))
-    | STDOT field=pid -> ^(STDOT $postfix_pexpression $field)
-    | STREF field=pid -> ^(STREF $postfix_pexpression $field)
+// The binary operators, loosest first: || && | ^ & (== !=) (< <= > >=)
+// (<< >>) (+ -) (* / %).  An operand takes the operators of higher levels;
+// operators of one level group to the left.
+binary_pexpression[int level] returns [EXPR_TREE* expr]
+@init { EXPR_ROOT root; $expr = error_tree(); }
+@after { if (BACKTRACKING == 0) $expr = root.result(); }
+  : a=cast_expression { root.add(TREES, $a.expr); }
+    ( { binary_level(LA(1)) >= $level }?=>
+      op=( OROR | ANDAND | ORB | XORB | ANDB | EQ | NEQ | LESS | LE | GT | GE | SHL | SHR | PLUS
+         | MINUS | MULT | DIV | MOD
+         )
+      { root.become_root(TREES, TREES.node($op)); }
+      b=binary_pexpression[binary_level($op->type) + 1] { root.add(TREES, $b.expr); }
     )*
   ;
 
-argument_pexpression_list
-  : pexpression_body ( COMMA! pexpression_body )*
+// The type word becomes the root of its operand.
+cast_expression returns [EXPR_TREE* expr]
+@init { $expr = error_tree(); }
+  : '(' t=type_spec ')' u=unary_pexpression
+    {
+      EXPR_ROOT root;
+      root.become_root(TREES, $t.expr);
+      root.add(TREES, $u.expr);
+      $expr = root.result();
+    }
+  | u=unary_pexpression { $expr = $u.expr; }
   ;
 
-primary_pexpression
-  : pid
-  | integer_constant
-  | '(' pexpression_body ')' -> pexpression_body
+type_spec returns [EXPR_TREE* expr]
+@init { $expr = error_tree(); }
+  : t=INT_TYPE { $expr = TREES.node($t); }
+  | t=UNS_TYPE { $expr = TREES.node($t); }
   ;
 
-pid
-  : { !is_vreg(LT(1)) && !is_agen(LT(1)) }? IDENTIFIER
+// A unary operator is the root of its operand; the imaginary nodes of '*',
+// '-' and '&' print the operator's sign.  A '+' makes no node.
+unary_pexpression returns [EXPR_TREE* expr]
+@init { EXPR_TREE* op = nullptr; $expr = error_tree(); }
+  : t=SIZEOF u=unary_pexpression { op = TREES.node($t); TREES.add_child(op, $u.expr); $expr = op; }
+  | t=NOTB c=cast_expression { op = TREES.node($t); TREES.add_child(op, $c.expr); $expr = op; }
+  | t=EXCLAIM c=cast_expression { op = TREES.node($t); TREES.add_child(op, $c.expr); $expr = op; }
+  | MULT c=cast_expression
+    { op = TREES.imaginary(UMULT, "*"); TREES.add_child(op, $c.expr); $expr = op; }
+  | PLUS c=cast_expression { $expr = $c.expr; }
+  | MINUS c=cast_expression
+    { op = TREES.imaginary(UMINUS, "-"); TREES.add_child(op, $c.expr); $expr = op; }
+  | ANDB c=cast_expression
+    { op = TREES.imaginary(UAND, "&"); TREES.add_child(op, $c.expr); $expr = op; }
+  | p=postfix_pexpression { $expr = $p.expr; }
   ;
 
-vsource returns [VREG* vreg = NULL]
-  : v=vreg { $vreg = $v.vreg; }
-  | '(' v=vreg ')' { $vreg = $v.vreg; }
+// Each suffix makes a new root over the expression so far.
+postfix_pexpression returns [EXPR_TREE* expr]
+@init { EXPR_TREE* tree = nullptr; EXPR_TREE* op = nullptr; $expr = error_tree(); }
+@after { if (BACKTRACKING == 0) $expr = tree; }
+  : p=primary_pexpression { tree = $p.expr; }
+    ( { !is_agen(LT(2)) }? '[' e=pexpression_body ']'
+      {
+        op = TREES.imaginary(SUBSCRIPT, "[");
+        TREES.add_child(op, tree);
+        TREES.add_child(op, $e.expr);
+        tree = op;
+      }
+    | '(' ')'
+      {
+        op = TREES.imaginary(CALL, "(");
+        TREES.add_child(op, tree);
+        TREES.add_child(op, TREES.imaginary(ARGS, "("));
+        tree = op;
+      }
+    | '(' args=argument_pexpression_list ')'
+      {
+        op = TREES.imaginary(CALL, "(");
+        TREES.add_child(op, tree);
+        EXPR_TREE* list = TREES.imaginary(ARGS, "(");
+        TREES.add_child(list, $args.expr);
+        TREES.add_child(op, list);
+        tree = op;
+      }
+    | t=STDOT field=pid
+      {
+        op = TREES.node($t);
+        TREES.add_child(op, tree);
+        TREES.add_child(op, $field.expr);
+        tree = op;
+      }
+    | t=STREF field=pid
+      {
+        op = TREES.node($t);
+        TREES.add_child(op, tree);
+        TREES.add_child(op, $field.expr);
+        tree = op;
+      }
+    )*
+  ;
+
+// The arguments as a nil list when there are several.
+argument_pexpression_list returns [EXPR_TREE* expr]
+@init { EXPR_ROOT root; $expr = error_tree(); }
+@after { if (BACKTRACKING == 0) $expr = root.result(); }
+  : a=pexpression_body { root.add(TREES, $a.expr); }
+    ( COMMA b=pexpression_body { root.add(TREES, $b.expr); } )*
+  ;
+
+primary_pexpression returns [EXPR_TREE* expr]
+@init { $expr = error_tree(); }
+  : i=pid { $expr = $i.expr; }
+  | c=integer_constant { $expr = $c.expr; }
+  | '(' b=pexpression_body ')' { $expr = $b.expr; }
+  ;
+
+pid returns [EXPR_TREE* expr]
+@init { $expr = error_tree(); }
+  : { !is_vreg(LT(1)) && !is_agen(LT(1)) }? id=IDENTIFIER { $expr = TREES.node($id); }
+  ;
+
+vsource returns [VREG* reg = NULL]
+  : v=vreg { $reg = $v.vreg; }
+  | '(' v=vreg ')' { $reg = $v.vreg; }
   ;
 
 vreg returns [VREG* vreg = NULL]
@@ -789,12 +872,14 @@ agen returns [AGEN* agen = NULL]
     { $agen = curr_vcmd->lookup_agen(antlr_text($name)); }
   ;
 
-constant
-  : integer_constant
+constant returns [EXPR_TREE* expr]
+@init { $expr = error_tree(); }
+  : c=integer_constant { $expr = $c.expr; }
   ;
 
-integer_constant
-  : INT_LITERAL
+integer_constant returns [EXPR_TREE* expr]
+@init { $expr = error_tree(); }
+  : i=INT_LITERAL { $expr = TREES.node($i); }
   ;
 
 // ---------------------------------------------------------------------------

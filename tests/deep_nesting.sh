@@ -59,7 +59,7 @@ done
 
 # Past the limit: the first kernel is written out whole before the second
 # overflows the stack.
-nest overflow.e 150000 '(' 8 ')'
+nest overflow.e 1000000 '(' 8 ')'
 { cat plain.k; kernel k2 overflow.e; } > overflow.k
 zlc9k overflow.k overflow.c > overflow.out 2> overflow.err
 status=$?

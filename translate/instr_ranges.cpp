@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "translate/lht.h"
 #include "translate/texpr.h"
@@ -20,7 +21,7 @@ const VAL_RANGE* operand(const std::vector<VAL_RANGE*>& operands, size_t index) 
 
 // A symbolic bound with the parameter references of `refs`.
 const VPEXPR* bound_expr(const std::string& text, std::initializer_list<const VPEXPR*> refs) {
-  auto* bound = new VPEXPR(text);
+  auto* bound = kernel_new<VPEXPR>(text);
   bound->eval_type = VPEXPR::EVAL_SYMBOLIC;
   for (const VPEXPR* ref : refs) bound->merge_parm_refs(ref);
   return bound;
@@ -30,7 +31,7 @@ const VPEXPR* bound_expr(const std::string& text, std::initializer_list<const VP
 // the sign as a signed constant.
 const VPEXPR* shifted_bound(const VPEXPR* bound, int64_t shift) {
   const int64_t value = bound->value64() >> std::min<int64_t>(shift, 63);
-  return new VPEXPR(value, value < 0 ? VPEXPR::EVAL_SIGNED : VPEXPR::EVAL_UNSIGNED);
+  return kernel_new<VPEXPR>(value, value < 0 ? VPEXPR::EVAL_SIGNED : VPEXPR::EVAL_UNSIGNED);
 }
 
 }  // namespace

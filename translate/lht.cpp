@@ -6,6 +6,7 @@
 #include <bit>
 
 #include "ZELT_ZLC/driver.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "translate/loop.h"
 #include "translate/tcmd.h"
@@ -16,7 +17,7 @@
 
 namespace {
 
-const VPEXPR* constant(int64_t value) { return new VPEXPR(value, VPEXPR::EVAL_SIGNED); }
+const VPEXPR* constant(int64_t value) { return kernel_new<VPEXPR>(value, VPEXPR::EVAL_SIGNED); }
 
 // An operand inside a configuration text: the init function reads a value
 // from where it stores it, not from the loop's local copy.
@@ -29,18 +30,19 @@ int32_t leading_zeros(uint32_t value) { return std::countl_zero(value); }
 
 }  // namespace
 
-LHT_TABLE::LHT_TABLE(TCMD& cmd) {
-  for (size_t i = 0; i < templates.size(); ++i)
-    templates[i] = std::make_unique<LHT_TEMPLATE>(&cmd, static_cast<int32_t>(i));
+LHT_TEMPLATE* LHT_TABLE::at(size_t id) {
+  if (!templates[id])
+    templates[id] = std::make_unique<LHT_TEMPLATE>(&cmd, static_cast<int32_t>(id));
+  return templates[id].get();
 }
 
 LHT_TEMPLATE* LHT_TABLE::allocate_lht() {
-  for (auto& lht : templates)
-    if (!lht->in_use) {
+  for (size_t id = 0; id < templates.size(); ++id)
+    if (LHT_TEMPLATE* lht = at(id); !lht->in_use) {
       lht->in_use = false;
       lht->open_instr = nullptr;
       ++lht_count;
-      return lht.get();
+      return lht;
     }
   return nullptr;
 }
@@ -92,7 +94,7 @@ void LHT_TEMPLATE::set_lht_size(VAL_RANGES& ranges) {
   if (determinate && num_objs > 0) {
     const VPEXPR* max = index->get_max();
     if (bound_is_numeric(max) && max->value64() >= m) {
-      computed = new VPEXPR(0xFFFFFFFF, VPEXPR::EVAL_UNSIGNED);  // limited below
+      computed = kernel_new<VPEXPR>(0xFFFFFFFF, VPEXPR::EVAL_UNSIGNED);  // limited below
     } else {
       const VPEXPR* objs = constant(num_objs);
       const VPEXPR* q = VPEXPR::quotient(constant(32), objs);
@@ -131,7 +133,7 @@ void LHT_TEMPLATE::set_lht_size(VAL_RANGES& ranges) {
     // The limit is applied at run time.
     const std::string s = chosen->text;
     const std::string limit = std::to_string(m);
-    auto* limited = new VPEXPR("((" + s + ")>" + limit + "?" + limit + ":(" + s + "))");
+    auto* limited = kernel_new<VPEXPR>("((" + s + ")>" + limit + "?" + limit + ":(" + s + "))");
     limited->eval_type = VPEXPR::EVAL_SYMBOLIC;
     limited->merge_parm_refs(chosen);
     chosen = limited;
@@ -144,15 +146,15 @@ void LHT_TEMPLATE::set_lht_size(VAL_RANGES& ranges) {
         .set_src(src)
         .report();
   }
-  size = new TEXPR(*cmd, "uint32_t", chosen);
+  size = kernel_new<TEXPR>(*cmd, "uint32_t", chosen);
 }
 
 TEXPR* LHT_TEMPLATE::config_value(const std::string& value_type, const std::string& text,
                                   const std::vector<const TEXPR*>& refs) {
-  auto* expr = new VPEXPR(text);
+  auto* expr = kernel_new<VPEXPR>(text);
   expr->eval_type = VPEXPR::EVAL_SYMBOLIC;
   for (const TEXPR* ref : refs) expr->merge_parm_refs(ref->parm_refs());
-  return new TEXPR(*cmd, value_type, expr);
+  return kernel_new<TEXPR>(*cmd, value_type, expr);
 }
 
 void LHT_TEMPLATE::generate_init() {
@@ -205,7 +207,7 @@ void LHT_TEMPLATE::generate_max_sub_base_offset() {
 void LHT_TEMPLATE::generate_max_agen() {
   const AGEN* first_agen = users.empty() ? nullptr : users.front()->agen();
   std::string text = "max_agen(";
-  auto* expr = new VPEXPR("");
+  auto* expr = kernel_new<VPEXPR>("");
   expr->eval_type = VPEXPR::EVAL_SYMBOLIC;
   const char* sep = "";
   for (LOOP* loop = cmd->top_loop->nested_loop(); loop; loop = loop->nested_loop()) {
@@ -216,5 +218,5 @@ void LHT_TEMPLATE::generate_max_agen() {
     expr->merge_parm_refs(stride);
   }
   expr->text = text + ")";
-  max_agen = new TEXPR(*cmd, "uint32_t", expr);
+  max_agen = kernel_new<TEXPR>(*cmd, "uint32_t", expr);
 }

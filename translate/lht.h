@@ -8,11 +8,11 @@
 #include <array>
 #include <cstdint>
 #include <memory>
-#include <ostream>
 #include <string>
 #include <vector>
 
 #include "DIAG/diag.h"
+#include "ZELT_ZLC/text_out.h"
 #include "ZELT_ZLC/vdata_type.h"
 #include "translate/tinstr.h"
 
@@ -63,11 +63,11 @@ class LHT_TEMPLATE {
   void generate_copy_size_expr();
 
   // The setup and teardown lines.
-  void format_open(std::ostream& out) const;
-  void format_copyin(std::ostream& out) const;
-  void format_copyout(std::ostream& out) const;
-  void format_max_index(std::ostream& out) const;
-  void format_scatter_size(std::ostream& out) const;
+  void format_open(TEXT_OUT& out) const;
+  void format_copyin(TEXT_OUT& out) const;
+  void format_copyout(TEXT_OUT& out) const;
+  void format_max_index(TEXT_OUT& out) const;
+  void format_scatter_size(TEXT_OUT& out) const;
 
   int32_t id;
   TCMD* cmd;
@@ -104,18 +104,22 @@ class LHT_TEMPLATE {
   TEXPR* config_value(const std::string& type, const std::string& text,
                       const std::vector<const TEXPR*>& refs = {});
   // The copy forms: "copy_table_in" or "copy_table_out" with its configs.
-  void format_copy(std::ostream& out, const char* word, const TEXPR* config,
+  void format_copy(TEXT_OUT& out, const char* word, const TEXPR* config,
                    const TEXPR* stream_config) const;
 };
 
+// Its templates are made at their first use: most loops have no table.
 class LHT_TABLE {
  public:
-  explicit LHT_TABLE(TCMD& cmd);
+  explicit LHT_TABLE(TCMD& cmd) : cmd(cmd) {}
 
   // The first template not in use, reset and counted; null when both are.
   LHT_TEMPLATE* allocate_lht();
+  // The template of slot `id`.
+  LHT_TEMPLATE* at(size_t id);
 
-  std::array<std::unique_ptr<LHT_TEMPLATE>, 2> templates;
+  std::array<std::unique_ptr<LHT_TEMPLATE>, 2> templates;  // null until used
+  TCMD& cmd;
   int32_t lht_count = 0;  // templates allocated in this loop
 };
 
@@ -125,7 +129,7 @@ class TVLOOKUP : public TINSTR {
   TVLOOKUP(VREG* dst, VREG* index, AGEN* agen, VDATA_TYPE type, LHT_TEMPLATE* lht)
       : dst(dst), index(index), agen_(agen), type(type), lht_(lht) {}
 
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   LHT_TEMPLATE* lht() const override { return lht_; }
   AGEN* agen() const override { return agen_; }
   std::vector<VREG*> dst_regs() const override { return {dst}; }
@@ -146,7 +150,7 @@ class TVHIST : public TINSTR {
   TVHIST(VREG* dst, VREG* data, VREG* weight, AGEN* agen, VDATA_TYPE type, LHT_TEMPLATE* lht)
       : dst(dst), data(data), weight(weight), agen_(agen), type(type), lht_(lht) {}
 
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   LHT_TEMPLATE* lht() const override { return lht_; }
   AGEN* agen() const override { return agen_; }
   std::vector<VREG*> dst_regs() const override { return {dst}; }
@@ -166,7 +170,7 @@ class TVHIST : public TINSTR {
 class LUT_MAX_INDEX : public TINSTR {
  public:
   explicit LUT_MAX_INDEX(LHT_TEMPLATE* lht) : lht(lht) {}
-  void format(std::ostream& out) const override { lht->format_max_index(out); }
+  void format(TEXT_OUT& out) const override { lht->format_max_index(out); }
   std::string instr_string() const override { return "LUT_MAX_INDEX"; }
 
   LHT_TEMPLATE* lht;
@@ -176,7 +180,7 @@ class LUT_MAX_INDEX : public TINSTR {
 class LUT_SCATTER_SIZE : public TINSTR {
  public:
   LUT_SCATTER_SIZE(SREG* max_index, LHT_TEMPLATE* lht) : max_index(max_index), lht(lht) {}
-  void format(std::ostream& out) const override { lht->format_scatter_size(out); }
+  void format(TEXT_OUT& out) const override { lht->format_scatter_size(out); }
   std::string instr_string() const override { return "LUT_SCATTER_SIZE"; }
 
   SREG* max_index;
@@ -186,7 +190,7 @@ class LUT_SCATTER_SIZE : public TINSTR {
 class LHT_COPYIN : public TINSTR {
  public:
   explicit LHT_COPYIN(LHT_TEMPLATE* lht) : lht(lht) {}
-  void format(std::ostream& out) const override { lht->format_copyin(out); }
+  void format(TEXT_OUT& out) const override { lht->format_copyin(out); }
   std::string instr_string() const override { return "LHT_COPYIN"; }
 
   LHT_TEMPLATE* lht;
@@ -195,7 +199,7 @@ class LHT_COPYIN : public TINSTR {
 class LHT_OPEN : public TINSTR {
  public:
   explicit LHT_OPEN(LHT_TEMPLATE* lht) : lht(lht) {}
-  void format(std::ostream& out) const override { lht->format_open(out); }
+  void format(TEXT_OUT& out) const override { lht->format_open(out); }
   std::string instr_string() const override { return "LHT_OPEN"; }
 
   LHT_TEMPLATE* lht;
@@ -204,7 +208,7 @@ class LHT_OPEN : public TINSTR {
 class LHT_COPYOUT : public TINSTR {
  public:
   explicit LHT_COPYOUT(LHT_TEMPLATE* lht) : lht(lht) {}
-  void format(std::ostream& out) const override { lht->format_copyout(out); }
+  void format(TEXT_OUT& out) const override { lht->format_copyout(out); }
   std::string instr_string() const override { return "LHT_COPYOUT"; }
 
   LHT_TEMPLATE* lht;

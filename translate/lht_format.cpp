@@ -11,7 +11,7 @@ std::string name_of(const SYMREG* sym) { return sym ? sym->name : std::string();
 std::string ref_of(const TEXPR* operand) { return operand ? operand->ref(true) : std::string(); }
 
 // " + (int)(agen >> shift)": the generator's byte offset as a table index.
-void format_agen_index(std::ostream& out, const AGEN* agen, const LHT_TEMPLATE* lht) {
+void format_agen_index(TEXT_OUT& out, const AGEN* agen, const LHT_TEMPLATE* lht) {
   if (agen) out << " + (int)(" << agen->name << " >> " << lht->agen_shift() << ")";
 }
 }  // namespace
@@ -22,11 +22,11 @@ bool TINSTR::is_lht_copyin() const { return dynamic_cast<const LHT_COPYIN*>(this
 bool TINSTR::is_lht_copyout() const { return dynamic_cast<const LHT_COPYOUT*>(this) != nullptr; }
 bool TINSTR::is_lht_open() const { return dynamic_cast<const LHT_OPEN*>(this) != nullptr; }
 
-void LHT_TEMPLATE::format_open(std::ostream& out) const {
+void LHT_TEMPLATE::format_open(TEXT_OUT& out) const {
   INDENT::indent(out) << template_name() << "::open(" << id << ", " << ref_of(config) << ");\n";
 }
 
-void LHT_TEMPLATE::format_copy(std::ostream& out, const char* word, const TEXPR* copy_config,
+void LHT_TEMPLATE::format_copy(TEXT_OUT& out, const char* word, const TEXPR* copy_config,
                                const TEXPR* stream_config) const {
   INDENT::indent(out) << template_name() << "::" << word << "(" << ref_of(table) << ", ";
   if (kind == SCATTER)
@@ -38,27 +38,27 @@ void LHT_TEMPLATE::format_copy(std::ostream& out, const char* word, const TEXPR*
   out << ");\n";
 }
 
-void LHT_TEMPLATE::format_copyin(std::ostream& out) const {
+void LHT_TEMPLATE::format_copyin(TEXT_OUT& out) const {
   format_copy(out, "copy_table_in", copy_in_config, copy_in_se_config);
 }
 
-void LHT_TEMPLATE::format_copyout(std::ostream& out) const {
+void LHT_TEMPLATE::format_copyout(TEXT_OUT& out) const {
   format_copy(out, "copy_table_out", copy_out_config, copy_out_sa_config);
 }
 
-void LHT_TEMPLATE::format_max_index(std::ostream& out) const {
+void LHT_TEMPLATE::format_max_index(TEXT_OUT& out) const {
   INDENT::indent(out) << name_of(max_index_sreg) << " = " << template_name() << "::max_index("
                       << name_of(index_reg) << ");\n";
 }
 
-void LHT_TEMPLATE::format_scatter_size(std::ostream& out) const {
+void LHT_TEMPLATE::format_scatter_size(TEXT_OUT& out) const {
   INDENT::indent(out) << name_of(scatter_size_sreg) << " = " << template_name()
                       << "::scatter_size(" << ref_of(max_agen) << ", "
                       << name_of(max_index_sreg) << ", " << ref_of(max_sub_base_offset)
                       << ");\n";
 }
 
-void TVLOOKUP::format(std::ostream& out) const {
+void TVLOOKUP::format(TEXT_OUT& out) const {
   INDENT::indent(out) << lht_->template_name() << "::lookup(" << name_of(dst) << ", "
                       << name_of(index);
   format_agen_index(out, agen_, lht_);
@@ -70,7 +70,7 @@ std::vector<VREG*> TVHIST::src_regs() const {
   return {data};
 }
 
-void TVHIST::format(std::ostream& out) const {
+void TVHIST::format(TEXT_OUT& out) const {
   INDENT::indent(out) << lht_->template_name()
                       << (weight ? "::whist_update(" : "::hist_update(") << name_of(dst) << ", "
                       << name_of(data);

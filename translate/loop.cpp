@@ -3,9 +3,9 @@
 #include "translate/loop.h"
 
 #include <algorithm>
-#include <ios>
 
 #include "ZELT_ZLC/agen.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vblock.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "translate/tcmd.h"
@@ -13,53 +13,39 @@
 #include "translate/tkernel.h"
 #include "translate/tmem.h"
 
-namespace {
-// Slots of the stream's own storage: the level, and one more than the
-// position after the last blank line (0 for none yet).
-int level_slot() {
-  static const int slot = std::ios_base::xalloc();
-  return slot;
-}
-int blank_slot() {
-  static const int slot = std::ios_base::xalloc();
-  return slot;
-}
-}  // namespace
-
-std::ostream& INDENT::indent(std::ostream& out) {
-  for (long n = out.iword(level_slot()); n > 0; --n) out << "   ";
+TEXT_OUT& INDENT::indent(TEXT_OUT& out) {
+  for (long n = out.level; n > 0; --n) out << "   ";
   return out;
 }
 
-void INDENT::raise(std::ostream& out) { ++out.iword(level_slot()); }
+void INDENT::raise(TEXT_OUT& out) { ++out.level; }
 
-void INDENT::lower(std::ostream& out) {
-  long& level = out.iword(level_slot());
-  if (level > 0) --level;
+void INDENT::lower(TEXT_OUT& out) {
+  if (out.level > 0) --out.level;
 }
 
-void INDENT::reset(std::ostream& out) { out.iword(level_slot()) = 0; }
+void INDENT::reset(TEXT_OUT& out) { out.level = 0; }
 
-void INDENT::open(std::ostream& out) {
+void INDENT::open(TEXT_OUT& out) {
   indent(out) << "{\n";
   raise(out);
 }
 
-void INDENT::close(std::ostream& out) {
+void INDENT::close(TEXT_OUT& out) {
   lower(out);
   indent(out) << "}\n";
 }
 
-void INDENT::blankline(std::ostream& out) {
-  long& after_last = out.iword(blank_slot());
-  if (after_last == static_cast<long>(out.tellp()) + 1) return;
+void INDENT::blankline(TEXT_OUT& out) {
+  const size_t position = out.position();
+  if (out.after_blank_line == position + 1) return;
   out << '\n';
-  after_last = static_cast<long>(out.tellp()) + 1;
+  out.after_blank_line = position + 2;
 }
 
 TKERNEL* TDECL::kernel() const { return scope->kernel; }
 
-void TDECL::format(std::ostream& out) const {
+void TDECL::format(TEXT_OUT& out) const {
   INDENT::indent(out) << type << ' ' << name;
   if (init) out << " = " << pexpr_text(init);
   out << ";\n";
@@ -75,7 +61,7 @@ bool TDECL::less_by_seq(const TDECL* a, const TDECL* b) { return a->seq < b->seq
 TDECL* SCOPE::add(const std::string& type, const std::string& name, const VPEXPR* init) {
   auto it = decls.find(name);
   if (it != decls.end()) return it->second;
-  auto* decl = new TDECL(this, next_seq++, type, name, init);
+  auto* decl = kernel_new<TDECL>(this, next_seq++, type, name, init);
   decls.emplace(name, decl);
   return decl;
 }
@@ -87,7 +73,7 @@ TDECL* SCOPE::lookup(const std::string&, const std::string& name) const {
 
 void SCOPE::remove(const std::string&, const std::string& name) { decls.erase(name); }
 
-void SCOPE::format_declarations(std::ostream& out,
+void SCOPE::format_declarations(TEXT_OUT& out,
                                 bool (*less)(const TDECL*, const TDECL*)) const {
   if (decls.empty()) return;
   std::vector<const TDECL*> sorted;
@@ -106,7 +92,7 @@ int32_t BBLOCK::id_counter = 0;
 
 BBLOCK::BBLOCK(TCMD& cmd, LOOP* parent) : LOOPNODE(cmd, parent), id(id_counter++) {}
 
-void BBLOCK::format(std::ostream& out) const {
+void BBLOCK::format(TEXT_OUT& out) const {
   for (const TINSTR* instr : instrs) instr->format(out);
 }
 
@@ -145,7 +131,7 @@ LOOP::LOOP(TCMD& cmd, LOOP* parent, VBLOCK* vblock, BBLOCK* init_block, TEXPR* c
       lcv(std::move(lcv)),
       init_block(init_block) {}
 
-void LOOP::format_header(std::ostream& out) const {
+void LOOP::format_header(TEXT_OUT& out) const {
   if (lcv.empty()) return;
   INDENT::blankline(out);
   INDENT::indent(out) << "#pragma MUST_ITERATE(1,65535,)\n";
@@ -155,7 +141,7 @@ void LOOP::format_header(std::ostream& out) const {
   INDENT::open(out);
 }
 
-void LOOP::format(std::ostream& out) const {
+void LOOP::format(TEXT_OUT& out) const {
   format_header(out);
   tval_decls.format_declarations(out, TDECL::less_by_seq);
   decls.format_declarations(out, TDECL::less_by_type);
@@ -208,7 +194,7 @@ void LOOP::add_agen_increments(AGEN* a) {
   if (is_vcmd()) return;
   const VPEXPR* incr = incr_expr(a);
   if (pexpr_is(incr, 0)) return;
-  auto* step = new TAINCR(a, new TEXPR(cmd, "int32_t", incr));
+  auto* step = kernel_new<TAINCR>(a, kernel_new<TEXPR>(cmd, "int32_t", incr));
   BBLOCK* last = last_block();
   last->add_tinstr(endloop_pos(), step);
 }

@@ -7,10 +7,10 @@
 #include <cstdint>
 #include <list>
 #include <map>
-#include <ostream>
 #include <string>
 #include <vector>
 
+#include "ZELT_ZLC/text_out.h"
 #include "translate/tinstr.h"
 
 class AGEN;
@@ -24,21 +24,21 @@ class VBLOCK;
 class VPEXPR;
 
 // Indentation of generated text, three blanks a level, and the memory of
-// the last blank line, both kept with the stream itself.
+// the last blank line, both kept with the text itself.
 class INDENT {
  public:
   // Writes the blanks of the current level.
-  static std::ostream& indent(std::ostream& out);
-  static void raise(std::ostream& out);
-  static void lower(std::ostream& out);
+  static TEXT_OUT& indent(TEXT_OUT& out);
+  static void raise(TEXT_OUT& out);
+  static void lower(TEXT_OUT& out);
   // Level 0, at the start of each generated function.
-  static void reset(std::ostream& out);
+  static void reset(TEXT_OUT& out);
   // An indented "{" line, then one level deeper.
-  static void open(std::ostream& out);
+  static void open(TEXT_OUT& out);
   // One level up, then an indented "}" line.
-  static void close(std::ostream& out);
+  static void close(TEXT_OUT& out);
   // One empty line, unless nothing was written since the last one.
-  static void blankline(std::ostream& out);
+  static void blankline(TEXT_OUT& out);
 };
 
 class TDECL {
@@ -48,7 +48,7 @@ class TDECL {
 
   TKERNEL* kernel() const;
   // "type name = init;" on an indented line.
-  void format(std::ostream& out) const;
+  void format(TEXT_OUT& out) const;
 
   // Orders of printing: by type and then name, or by creation.
   static bool less_by_type(const TDECL* a, const TDECL* b);
@@ -74,7 +74,7 @@ class SCOPE {
   void remove(const std::string& type, const std::string& name);
   // The declarations in the order `less`, then a blank line; nothing at
   // all when the scope is empty.
-  void format_declarations(std::ostream& out,
+  void format_declarations(TEXT_OUT& out,
                            bool (*less)(const TDECL*, const TDECL*)) const;
 
   std::map<std::string, TDECL*> decls;
@@ -92,7 +92,7 @@ class LOOPNODE {
 
   virtual bool is_loop() const { return false; }
   virtual bool is_block() const { return false; }
-  virtual void format(std::ostream& out) const = 0;
+  virtual void format(TEXT_OUT& out) const = 0;
 
   TCMD& cmd;
   LOOP* parent;
@@ -104,7 +104,7 @@ class BBLOCK : public LOOPNODE {
   BBLOCK(TCMD& cmd, LOOP* parent);
 
   bool is_block() const override { return true; }
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
 
   // The loop that holds this block.
   LOOP* loop() const { return parent; }
@@ -138,10 +138,10 @@ class LOOP : public LOOPNODE {
        std::string lcv);
 
   bool is_loop() const override { return true; }
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   // The blank line, the pragmas, the for line and its "{"; nothing at the
   // root.
-  void format_header(std::ostream& out) const;
+  void format_header(TEXT_OUT& out) const;
 
   void add_member(LOOPNODE* node) { members.push_back(node); }
 
@@ -188,7 +188,7 @@ class LOOP : public LOOPNODE {
 class TBEGINLOOP : public TINSTR {
  public:
   TBEGINLOOP(std::string lcv, TEXPR* count) : lcv(std::move(lcv)), count(count) {}
-  void format(std::ostream&) const override {}
+  void format(TEXT_OUT&) const override {}
   std::string instr_string() const override { return "BEGINLOOP"; }
 
   std::string lcv;
@@ -198,7 +198,7 @@ class TBEGINLOOP : public TINSTR {
 class TENDLOOP : public TINSTR {
  public:
   explicit TENDLOOP(TBEGINLOOP* begin) : begin(begin) {}
-  void format(std::ostream&) const override {}
+  void format(TEXT_OUT&) const override {}
   std::string instr_string() const override { return "ENDLOOP"; }
 
   TBEGINLOOP* begin;

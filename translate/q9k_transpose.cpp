@@ -157,14 +157,20 @@ bool RESOURCE_TRACKER::VCMD_ORDER::operator()(const VCMD* a, const VCMD* b) cons
 }
 
 bool RESOURCE_TRACKER::request_resources(const KERN_RESOURCE_SET& request) {
-  KERN_RESOURCE_SET merged = taken;
   for (const auto& [vcmd, wanted] : request) {
-    VCMD_RESOURCE_SET& set = merged[vcmd];
+    size_t agens = wanted.agens.size();
+    int32_t loads = wanted.loads;
+    if (auto held = taken.find(vcmd); held != taken.end()) {
+      for (const AGEN* agen : held->second.agens) agens += wanted.agens.count(agen) ? 0 : 1;
+      loads += held->second.loads;
+    }
+    if (agens > max_agens || loads > max_loads) return false;
+  }
+  for (const auto& [vcmd, wanted] : request) {
+    VCMD_RESOURCE_SET& set = taken[vcmd];
     set.agens.insert(wanted.agens.begin(), wanted.agens.end());
     set.loads += wanted.loads;
-    if (set.agens.size() > max_agens || set.loads > max_loads) return false;
   }
-  taken = std::move(merged);
   return true;
 }
 

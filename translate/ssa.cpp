@@ -1,11 +1,11 @@
-// The single assignment graph of a translated vector loop: dominators by
-// iteration, immediate dominators, dominance frontiers, phi placement and
-// the renaming walk down the dominator tree.
+// The single assignment graph of a translated vector loop: phi placement
+// over the dominance frontiers and the renaming walk down the dominator
+// tree.  Registers are numbered by creation for the walk.
 #include "translate/ssa.h"
 
 #include <algorithm>
-#include <map>
 
+#include "translate/loop.h"
 #include "translate/tcmd.h"
 #include "translate/tinstr.h"
 
@@ -15,233 +15,204 @@ uint32_t NODE::id_counter = 0;
 
 NODE::NODE(TINSTR* instr, int32_t dst_index) : instr(instr), id(id_counter++), dst_index(dst_index) {}
 
-namespace {
+GRAPH::GRAPH(TCMD* tcmd) : tcmd(tcmd), dominance(tcmd->blocks), first(NODE::id_counter) {
+  const size_t places = dominance.size();
+  phis.resize(places);
+  nodes.resize(places);
+  if (places != 0) {
+    gather_registers();
+    insert_phi_nodes();
+    rename(0);
+    for (uint32_t place = 0; place < places; ++place)
+      for (NODE* node : nodes[place]) by_instr.emplace_back(node->instr, node);
+    std::stable_sort(by_instr.begin(), by_instr.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+  }
+  end = NODE::id_counter;
+}
 
-// Sets of blocks as rows of flags over the places of the blocks in their
-// list, so that the iterations allocate nothing per member.
-using ROW = std::vector<bool>;
-using ROWS = std::vector<ROW>;
-constexpr size_t no_place = static_cast<size_t>(-1);
+// Asks each instruction once for its registers.
+void GRAPH::gather_registers() {
+  std::vector<VREG*> found;
+  instrs_of_place.push_back(0);
+  for (uint32_t place = 0; place < dominance.size(); ++place) {
+    for (TINSTR* instr : dominance.block(place)->instrs) {
+      const std::vector<VREG*> dsts = instr->dst_regs();
+      const std::vector<VREG*> srcs = instr->src_regs();
+      instrs.push_back({instr, static_cast<uint32_t>(found.size()), static_cast<uint32_t>(dsts.size()),
+                        static_cast<uint32_t>(srcs.size())});
+      found.insert(found.end(), dsts.begin(), dsts.end());
+      found.insert(found.end(), srcs.begin(), srcs.end());
+    }
+    instrs_of_place.push_back(static_cast<uint32_t>(instrs.size()));
+  }
+  registers = found;
+  std::erase(registers, nullptr);
+  std::sort(registers.begin(), registers.end(), VREG_ORDER());
+  registers.erase(std::unique(registers.begin(), registers.end()), registers.end());
+  slots.reserve(found.size());
+  for (const VREG* reg : found) slots.push_back(index_of(reg));
+  undefined_nodes.assign(registers.size(), nullptr);
+  stacks.resize(registers.size());
+}
 
-// The dominators of each place; a predecessor outside the list counts as
-// dominated by nothing.
-ROWS dominator_rows(const std::vector<BBLOCK*>& blocks) {
-  const size_t n = blocks.size();
-  std::map<const BBLOCK*, size_t> place;
-  for (size_t i = 0; i < n; ++i) place.emplace(blocks[i], i);
-  ROWS doms(n, ROW(n, true));
-  if (n == 0) return doms;
-  doms[0].assign(n, false);
-  doms[0][0] = true;
-  for (bool changed = true; changed;) {
-    changed = false;
-    for (size_t b = 1; b < n; ++b) {
-      ROW next(n, true);
-      for (const BBLOCK* pred : blocks[b]->pred) {
-        auto it = place.find(pred);
-        for (size_t i = 0; i < n; ++i) next[i] = next[i] && it != place.end() && doms[it->second][i];
+int32_t GRAPH::index_of(const VREG* reg) const {
+  if (!reg) return -1;
+  auto it = std::lower_bound(registers.begin(), registers.end(), reg, VREG_ORDER());
+  return static_cast<int32_t>(it - registers.begin());
+}
+
+// A register that is only read has no defining block and so no phi.  The
+// registers are visited in creation order, each with its defining blocks,
+// once for each instruction there that writes it; this order numbers the
+// phis, and a phi placed again replaces the earlier one.
+void GRAPH::insert_phi_nodes() {
+  std::vector<std::pair<uint32_t, uint32_t>> defs;  // register, place
+  for (uint32_t place = 0; place < dominance.size(); ++place)
+    for (uint32_t i = instrs_of_place[place]; i < instrs_of_place[place + 1]; ++i) {
+      const int32_t* dsts = slots.data() + instrs[i].first_dst;
+      for (uint32_t d = 0; d < instrs[i].dsts; ++d)
+        if (dsts[d] >= 0 && std::find(dsts, dsts + d, dsts[d]) == dsts + d)
+          defs.emplace_back(static_cast<uint32_t>(dsts[d]), place);
+    }
+  std::stable_sort(defs.begin(), defs.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::vector<uint32_t> worklist;
+  for (size_t next = 0; next < defs.size();) {
+    const uint32_t reg = defs[next].first;
+    worklist.clear();
+    for (; next < defs.size() && defs[next].first == reg; ++next) worklist.push_back(defs[next].second);
+    for (size_t i = 0; i < worklist.size(); ++i)
+      for (uint32_t f : dominance.frontier(worklist[i])) {
+        place_phi(f, reg);
+        if (std::find(worklist.begin(), worklist.end(), f) == worklist.end()) worklist.push_back(f);
       }
-      next[b] = true;
-      if (next != doms[b]) {
-        doms[b] = std::move(next);
-        changed = true;
-      }
+  }
+}
+
+void GRAPH::place_phi(uint32_t place, uint32_t reg) {
+  PHIS& of_place = phis[place];
+  auto it = std::lower_bound(of_place.begin(), of_place.end(), reg,
+                             [](const auto& entry, uint32_t r) { return entry.first < r; });
+  if (it != of_place.end() && it->first == reg)
+    it->second->id = NODE::id_counter++;  // a new phi in the old one's place
+  else
+    of_place.emplace(it, reg, &phi_store.emplace_back(registers[reg]));
+}
+
+void GRAPH::rename(uint32_t place) {
+  for (auto& [reg, phi] : phis[place]) {
+    phi->instr = nullptr;
+    phi->dst_index = -1;
+    stacks[reg].push_back(phi);
+  }
+  for (uint32_t i = instrs_of_place[place]; i < instrs_of_place[place + 1]; ++i) {
+    const INSTR_REGS& instr = instrs[i];
+    if (instr.dsts == 0) rewrite_tinstr(place, instr, -1);
+    for (uint32_t d = 0; d < instr.dsts; ++d)
+      if (slots[instr.first_dst + d] >= 0) rewrite_tinstr(place, instr, static_cast<int32_t>(d));
+  }
+  for (const BBLOCK* succ : dominance.block(place)->succ) {
+    const uint32_t at = dominance.place(succ);
+    if (at == DOMINANCE::none) continue;
+    for (auto& [reg, phi] : phis[at])
+      if (!stacks[reg].empty()) phi->params.insert(stacks[reg].back());
+  }
+  for (uint32_t child : dominance.children(place)) rename(child);
+  for (auto& [reg, phi] : phis[place]) stacks[reg].pop_back();
+  for (uint32_t i = instrs_of_place[place]; i < instrs_of_place[place + 1]; ++i)
+    for (uint32_t d = 0; d < instrs[i].dsts; ++d) {
+      const int32_t reg = slots[instrs[i].first_dst + d];
+      if (reg >= 0) stacks[static_cast<size_t>(reg)].pop_back();
     }
-  }
-  return doms;
 }
 
-// The place of each block's immediate dominator, no_place for the entry.
-std::vector<size_t> idom_places(const std::vector<BBLOCK*>& blocks, ROWS strict) {
-  const size_t n = blocks.size();
-  for (size_t i = 0; i < n; ++i) strict[i][i] = false;
-  std::vector<size_t> idoms(n, no_place);
-  for (size_t b = 1; b < n; ++b) {
-    std::vector<size_t> snapshot;
-    for (size_t i = 0; i < n; ++i)
-      if (strict[b][i]) snapshot.push_back(i);
-    // A dominator that dominates another dominator is not the immediate one.
-    for (size_t d1 : snapshot)
-      for (size_t d2 : snapshot)
-        if (d1 != d2 && strict[d1][d2]) strict[b][d2] = false;
-    for (size_t i = 0; i < n; ++i)
-      if (strict[b][i] && (idoms[b] == no_place || blocks[i]->id < blocks[idoms[b]]->id))
-        idoms[b] = i;
-  }
-  return idoms;
-}
-
-IDOMS idom_map(const std::vector<BBLOCK*>& blocks, const std::vector<size_t>& places) {
-  IDOMS idoms;
-  for (size_t b = 0; b < blocks.size(); ++b)
-    if (places[b] != no_place) idoms[blocks[b]] = blocks[places[b]];
-  return idoms;
-}
-
-}  // namespace
-
-GRAPH::GRAPH(TCMD* tcmd) : tcmd(tcmd) {
-  const std::vector<BBLOCK*>& blocks = tcmd->blocks;
-  if (blocks.empty()) return;
-  IDOMS idoms = idom_map(blocks, idom_places(blocks, dominator_rows(blocks)));
-  insert_phi_nodes(compute_dom_frontiers(blocks, idoms));
-  STACKS stacks;
-  rename(blocks.front(), stacks, idoms);
-  for (auto& [block, list] : nodes)
-    for (NODE& node : list) instr_map.emplace(node.instr, &node);
-}
-
-BLOCK_SETS GRAPH::compute_doms(const std::vector<BBLOCK*>& blocks) {
-  const ROWS rows = dominator_rows(blocks);
-  BLOCK_SETS doms;
-  for (size_t b = 0; b < blocks.size(); ++b)
-    for (size_t i = 0; i < blocks.size(); ++i)
-      if (rows[b][i]) doms[blocks[b]].insert(blocks[i]);
-  return doms;
-}
-
-IDOMS GRAPH::compute_idoms(const std::vector<BBLOCK*>& blocks, const BLOCK_SETS& doms) {
-  ROWS rows(blocks.size(), ROW(blocks.size(), false));
-  for (size_t b = 0; b < blocks.size(); ++b) {
-    auto of_block = doms.find(blocks[b]);
-    if (of_block == doms.end()) continue;
-    for (size_t i = 0; i < blocks.size(); ++i) rows[b][i] = of_block->second.count(blocks[i]) != 0;
-  }
-  return idom_map(blocks, idom_places(blocks, std::move(rows)));
-}
-
-BLOCK_SETS GRAPH::compute_dom_frontiers(const std::vector<BBLOCK*>& blocks, const IDOMS& idoms) {
-  BLOCK_SETS frontiers;
-  auto idom_of = [&idoms](BBLOCK* block) -> BBLOCK* {
-    auto it = idoms.find(block);
-    return it == idoms.end() ? nullptr : it->second;
-  };
-  for (BBLOCK* block : blocks) frontiers[block];
-  for (BBLOCK* block : blocks) {
-    if (block->pred.size() < 2) continue;
-    BBLOCK* idom = idom_of(block);
-    // The walk ends at the entry too, which a block that the entry doesn't
-    // reach would otherwise pass.
-    for (BBLOCK* runner : block->pred)
-      for (; runner && runner != idom; runner = idom_of(runner)) frontiers[runner].insert(block);
-  }
-  return frontiers;
-}
-
-std::map<VREG*, std::vector<BBLOCK*>, VREG_ORDER> GRAPH::defing_blocks() const {
-  std::map<VREG*, std::vector<BBLOCK*>, VREG_ORDER> defs;
-  for (BBLOCK* block : tcmd->blocks)
-    for (const TINSTR* instr : block->instrs) {
-      std::vector<VREG*> dsts = instr->dst_regs();
-      for (size_t i = 0; i < dsts.size(); ++i)
-        if (dsts[i] && std::find(dsts.begin(), dsts.begin() + i, dsts[i]) == dsts.begin() + i)
-          defs[dsts[i]].push_back(block);
-    }
-  return defs;
-}
-
-// A register that is only read has no defining block and so no phi; the
-// registers are visited in creation order, which numbers the phis.
-void GRAPH::insert_phi_nodes(const BLOCK_SETS& frontiers) {
-  for (auto& [reg, worklist] : defing_blocks()) {
-    for (size_t i = 0; i < worklist.size(); ++i) {
-      auto it = frontiers.find(worklist[i]);
-      if (it == frontiers.end()) continue;
-      for (BBLOCK* f : it->second) {
-        // A phi placed again replaces the earlier one.
-        phis[f][reg] = std::make_unique<PHI>(reg);
-        if (std::find(worklist.begin(), worklist.end(), f) == worklist.end())
-          worklist.push_back(f);
-      }
-    }
-  }
-}
-
-void GRAPH::rename(BBLOCK* block, STACKS& stacks, const IDOMS& idoms) {
-  auto phis_of = phis.find(block);
-  if (phis_of != phis.end())
-    for (auto& [reg, phi] : phis_of->second) {
-      phi->instr = nullptr;
-      phi->dst_index = -1;
-      stacks[reg].push(phi.get());
-    }
-  for (TINSTR* instr : block->instrs) {
-    std::vector<VREG*> dsts = instr->dst_regs();
-    if (dsts.empty()) rewrite_tinstr(instr, -1, stacks);
-    for (size_t i = 0; i < dsts.size(); ++i)
-      if (dsts[i]) rewrite_tinstr(instr, static_cast<int32_t>(i), stacks);
-  }
-  for (BBLOCK* succ : block->succ) {
-    auto succ_phis = phis.find(succ);
-    if (succ_phis == phis.end()) continue;
-    for (auto& [reg, phi] : succ_phis->second) {
-      auto stack = stacks.find(reg);
-      if (stack != stacks.end() && !stack->second.empty()) phi->params.insert(stack->second.top());
-    }
-  }
-  for (const auto& [child, idom] : idoms)
-    if (idom == block) rename(child, stacks, idoms);
-  if (phis_of != phis.end())
-    for (auto& [reg, phi] : phis_of->second) stacks[reg].pop();
-  for (TINSTR* instr : block->instrs)
-    for (VREG* reg : instr->dst_regs())
-      if (reg) stacks[reg].pop();
-}
-
-void GRAPH::rewrite_tinstr(TINSTR* instr, int32_t dst_index, STACKS& stacks) {
-  NODE& node = nodes[instr->block].emplace_back(instr, dst_index);
-  for (VREG* reg : instr->src_regs()) {
-    if (!reg) {
+void GRAPH::rewrite_tinstr(uint32_t place, const INSTR_REGS& instr, int32_t dst_index) {
+  NODE& node = node_store.emplace_back(instr.instr, dst_index);
+  nodes[place].push_back(&node);
+  node.operands.reserve(instr.srcs);
+  const int32_t* srcs = slots.data() + instr.first_dst + instr.dsts;
+  for (uint32_t s = 0; s < instr.srcs; ++s) {
+    if (srcs[s] < 0) {
       node.operands.push_back(nullptr);
       continue;
     }
-    std::stack<NODE*>& stack = stacks[reg];
-    node.operands.push_back(stack.empty() ? &undefined.try_emplace(reg, nullptr, -1).first->second
-                                          : stack.top());
+    const auto reg = static_cast<size_t>(srcs[s]);
+    if (!stacks[reg].empty()) {
+      node.operands.push_back(stacks[reg].back());
+      continue;
+    }
+    if (!undefined_nodes[reg]) undefined_nodes[reg] = &node_store.emplace_back(nullptr, -1);
+    node.operands.push_back(undefined_nodes[reg]);
   }
-  if (dst_index >= 0) stacks[instr->dst_regs()[static_cast<size_t>(dst_index)]].push(&node);
+  if (dst_index >= 0)
+    stacks[static_cast<size_t>(slots[instr.first_dst + static_cast<uint32_t>(dst_index)])]
+        .push_back(&node);
 }
 
 NODE* GRAPH::get_node(const TINSTR* instr, int32_t dst_index) const {
-  auto [from, to] = instr_map.equal_range(instr);
-  for (auto it = from; it != to; ++it)
+  auto it = std::lower_bound(by_instr.begin(), by_instr.end(), instr,
+                             [](const auto& entry, const TINSTR* i) { return entry.first < i; });
+  for (; it != by_instr.end() && it->first == instr; ++it)
     if (it->second->dst_index == dst_index) return it->second;
   return nullptr;
 }
 
+PHI* GRAPH::phi(const BBLOCK* block, const VREG* reg) const {
+  const uint32_t place = dominance.place(block);
+  const int32_t index = index_of(reg);
+  if (place == DOMINANCE::none || index < 0 || static_cast<size_t>(index) >= registers.size() ||
+      registers[static_cast<size_t>(index)] != reg)
+    return nullptr;
+  for (const auto& [r, phi] : phis[place])
+    if (r == static_cast<uint32_t>(index)) return phi;
+  return nullptr;
+}
+
+size_t GRAPH::blocks_with_phis() const {
+  return static_cast<size_t>(
+      std::count_if(phis.begin(), phis.end(), [](const PHIS& of_place) { return !of_place.empty(); }));
+}
+
+NODE* GRAPH::undefined(const VREG* reg) const {
+  const int32_t index = index_of(reg);
+  if (index < 0 || static_cast<size_t>(index) >= registers.size() ||
+      registers[static_cast<size_t>(index)] != reg)
+    return nullptr;
+  return undefined_nodes[static_cast<size_t>(index)];
+}
+
+size_t GRAPH::undefined_count() const {
+  return registers.size() - static_cast<size_t>(std::count(undefined_nodes.begin(),
+                                                           undefined_nodes.end(), nullptr));
+}
+
 void GRAPH::get_all_nodes(std::vector<NODE*>& all) {
   all.clear();
-  for (auto& [reg, node] : undefined) all.push_back(&node);
-  for (BBLOCK* block : tcmd->blocks) {
-    auto phis_of = phis.find(block);
-    if (phis_of != phis.end())
-      for (const auto& [reg, phi] : phis_of->second) all.push_back(phi.get());
-    auto nodes_of = nodes.find(block);
-    if (nodes_of != nodes.end())
-      for (NODE& node : nodes_of->second) all.push_back(&node);
+  for (NODE* node : undefined_nodes)
+    if (node) all.push_back(node);
+  for (uint32_t place = 0; place < dominance.size(); ++place) {
+    for (const auto& [reg, phi] : phis[place]) all.push_back(phi);
+    all.insert(all.end(), nodes[place].begin(), nodes[place].end());
   }
 }
 
 void GRAPH::dump(std::ostream& out) const {
   out << "===== SSA =====\n";
-  for (BBLOCK* block : tcmd->blocks) {
-    out << "B" << block->id << ":\n";
-    auto phis_of = phis.find(block);
-    if (phis_of != phis.end())
-      for (const auto& [reg, phi] : phis_of->second) {
-        out << "\t" << phi->id << ":\tPHI " << reg->name << "( ";
-        for (const NODE* param : phi->params) out << param->id << " ";
-        out << ")\n";
-      }
-    auto nodes_of = nodes.find(block);
-    if (nodes_of == nodes.end()) continue;
-    for (const NODE& node : nodes_of->second) {
-      out << "\t" << node.id << ":\t";
-      if (node.dst_index >= 0)
-        out << "RES" << node.dst_index << " "
-            << node.instr->dst_regs()[static_cast<size_t>(node.dst_index)]->name << " = ";
-      out << node.instr->instr_string() << "( ";
-      for (const NODE* operand : node.operands)
+  for (uint32_t place = 0; place < dominance.size(); ++place) {
+    out << "B" << dominance.block(place)->id << ":\n";
+    for (const auto& [reg, phi] : phis[place]) {
+      out << "\t" << phi->id << ":\tPHI " << registers[reg]->name << "( ";
+      for (const NODE* param : phi->params) out << param->id << " ";
+      out << ")\n";
+    }
+    for (const NODE* node : nodes[place]) {
+      out << "\t" << node->id << ":\t";
+      if (node->dst_index >= 0)
+        out << "RES" << node->dst_index << " "
+            << node->instr->dst_regs()[static_cast<size_t>(node->dst_index)]->name << " = ";
+      out << node->instr->instr_string() << "( ";
+      for (const NODE* operand : node->operands)
         if (operand) out << operand->id << " ";
       out << ")\n";
     }

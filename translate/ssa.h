@@ -6,25 +6,17 @@
 #define ZLC_TRANSLATE_SSA_H
 
 #include <cstdint>
+#include <deque>
 #include <iostream>
-#include <list>
-#include <map>
-#include <memory>
 #include <set>
-#include <stack>
+#include <utility>
 #include <vector>
 
 #include "ZELT_ZLC/vreg.h"
-#include "translate/loop.h"
+#include "translate/dominance.h"
 
 class TCMD;
 class TINSTR;
-
-// Orders blocks by creation, so that everything keyed by block comes out the
-// same way in every run.
-struct BLOCK_ORDER {
-  bool operator()(const BBLOCK* a, const BBLOCK* b) const { return a->id < b->id; }
-};
 
 namespace SSA {
 
@@ -70,13 +62,9 @@ class PHI : public NODE {
   NODE_SET params;  // the incoming values
 };
 
-using BLOCK_SET = std::set<BBLOCK*, BLOCK_ORDER>;
-using BLOCK_SETS = std::map<BBLOCK*, BLOCK_SET, BLOCK_ORDER>;
-using IDOMS = std::map<BBLOCK*, BBLOCK*, BLOCK_ORDER>;
-
 class GRAPH {
  public:
-  // Builds dominators, frontiers, phis and the renamed nodes of `tcmd`.
+  // Builds dominance, phis and the renamed nodes of `tcmd`.
   explicit GRAPH(TCMD* tcmd);
   GRAPH(const GRAPH&) = delete;
   GRAPH& operator=(const GRAPH&) = delete;
@@ -88,30 +76,52 @@ class GRAPH {
   // "===== SSA =====" and each block with its phis and nodes.
   void dump(std::ostream& out = std::cout) const;
 
-  // The dominators of each block of `blocks`, whose first block is the entry.
-  static BLOCK_SETS compute_doms(const std::vector<BBLOCK*>& blocks);
-  // The immediate dominator of each block but the entry.
-  static IDOMS compute_idoms(const std::vector<BBLOCK*>& blocks, const BLOCK_SETS& doms);
-  // The dominance frontier of each block; blocks without one map to an
-  // empty set.
-  static BLOCK_SETS compute_dom_frontiers(const std::vector<BBLOCK*>& blocks,
-                                          const IDOMS& idoms);
+  // The phi of `reg` at the head of `block`, or null.
+  PHI* phi(const BBLOCK* block, const VREG* reg) const;
+  // The blocks that have phis.
+  size_t blocks_with_phis() const;
+  // The node of `reg` read before any definition, or null.
+  NODE* undefined(const VREG* reg) const;
+  size_t undefined_count() const;
+  // Every node of the graph has an id from first_id() up to end_id().
+  uint32_t first_id() const { return first; }
+  uint32_t end_id() const { return end; }
 
   TCMD* tcmd;
-  std::map<VREG*, NODE, VREG_ORDER> undefined;
-  std::map<BBLOCK*, std::map<VREG*, std::unique_ptr<PHI>, VREG_ORDER>, BLOCK_ORDER> phis;
-  std::map<BBLOCK*, std::list<NODE>, BLOCK_ORDER> nodes;
-  std::multimap<const TINSTR*, NODE*> instr_map;
 
  private:
-  using STACKS = std::map<VREG*, std::stack<NODE*>, VREG_ORDER>;
+  // Where an instruction's registers stand in `slots`: the destinations,
+  // then the sources, each as the index of its register or -1 for null.
+  struct INSTR_REGS {
+    TINSTR* instr;
+    uint32_t first_dst;
+    uint32_t dsts;
+    uint32_t srcs;
+  };
+  using PHIS = std::vector<std::pair<uint32_t, PHI*>>;  // by register index
 
-  void insert_phi_nodes(const BLOCK_SETS& frontiers);
-  // For each register that an instruction writes, its block once for each
-  // instruction there that writes it, in block and instruction order.
-  std::map<VREG*, std::vector<BBLOCK*>, VREG_ORDER> defing_blocks() const;
-  void rename(BBLOCK* block, STACKS& stacks, const IDOMS& idoms);
-  void rewrite_tinstr(TINSTR* instr, int32_t dst_index, STACKS& stacks);
+  void gather_registers();
+  // The index of `reg` among the registers of the loop, -1 for null.
+  int32_t index_of(const VREG* reg) const;
+  void insert_phi_nodes();
+  void place_phi(uint32_t place, uint32_t reg);
+  void rename(uint32_t place);
+  void rewrite_tinstr(uint32_t place, const INSTR_REGS& instr, int32_t dst_index);
+
+  DOMINANCE dominance;
+  uint32_t first;
+  uint32_t end;
+  std::vector<VREG*> registers;             // by creation
+  std::vector<int32_t> slots;
+  std::vector<INSTR_REGS> instrs;           // by block, then as in the block
+  std::vector<uint32_t> instrs_of_place;    // the first of each place, and the end
+  std::vector<PHIS> phis;                   // by place
+  std::vector<std::vector<NODE*>> nodes;    // by place
+  std::vector<NODE*> undefined_nodes;       // by register index
+  std::vector<std::vector<NODE*>> stacks;   // by register index
+  std::vector<std::pair<const TINSTR*, NODE*>> by_instr;  // sorted by instruction
+  std::deque<NODE> node_store;
+  std::deque<PHI> phi_store;
 };
 
 }  // namespace SSA

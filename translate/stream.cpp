@@ -3,6 +3,7 @@
 // patterns, and the configuration, open and close instructions.
 #include "translate/stream.h"
 
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "options/register_option.h"
 #include "translate/loop.h"
@@ -14,7 +15,7 @@ register_option disable_se("disable:se");
 
 namespace {
 
-const VPEXPR* constant(int64_t value) { return new VPEXPR(value, VPEXPR::EVAL_SIGNED); }
+const VPEXPR* constant(int64_t value) { return kernel_new<VPEXPR>(value, VPEXPR::EVAL_SIGNED); }
 
 }  // namespace
 
@@ -97,13 +98,13 @@ std::string STREAM_TEMPLATE::transpose_word() const {
 }
 
 void STREAM_TEMPLATE::make_init(const char* type_name, const std::string& text) {
-  auto* expr = new VPEXPR(text);
+  auto* expr = kernel_new<VPEXPR>(text);
   expr->eval_type = VPEXPR::EVAL_SYMBOLIC;
   for (int k = 0; k < max_dims; ++k) {
     expr->merge_parm_refs(dim[k]);
     expr->merge_parm_refs(icnt[k]);
   }
-  init = new TEXPR(*cmd, type_name, expr);
+  init = kernel_new<TEXPR>(*cmd, type_name, expr);
 }
 
 void SE_TEMPLATE::generate_init() {
@@ -120,9 +121,9 @@ void SE_TEMPLATE::generate_setup(TINSTR* instr) {
   LOOP* nested = top->nested_loop();
   BBLOCK* last = top->last_block();
   if (!nested || !last) return;  // an engine always has a loop below the anchor
-  open_instr = new SE_OPEN(this, instr->base());
+  open_instr = kernel_new<SE_OPEN>(this, instr->base());
   nested->init_block->add_tinstr_back(open_instr);
-  last->add_tinstr_front(new SE_CLOSE(this));
+  last->add_tinstr_front(kernel_new<SE_CLOSE>(this));
 }
 
 void SA_TEMPLATE::generate_init() {
@@ -136,9 +137,9 @@ void SA_TEMPLATE::generate_setup(TINSTR*) {
   LOOP* top = cmd->top_loop;
   BBLOCK* last = top->last_block();
   if (!last) return;
-  open_instr = new SA_OPEN(this);
+  open_instr = kernel_new<SA_OPEN>(this);
   top->entry_block->add_tinstr_back(open_instr);
-  last->add_tinstr_front(new SA_CLOSE(this));
+  last->add_tinstr_front(kernel_new<SA_CLOSE>(this));
 }
 
 bool SA_TEMPLATE::matches(const SA_TEMPLATE& other) const {
@@ -158,53 +159,54 @@ void SA_TEMPLATE::copy(const SA_TEMPLATE& other) {
   icnt = other.icnt;
 }
 
-SE_TABLE::SE_TABLE(TCMD& cmd) {
-  for (int32_t id = 0; id < static_cast<int32_t>(templates.size()); ++id)
-    templates[id] = std::make_unique<SE_TEMPLATE>(&cmd, id);
+SE_TEMPLATE* SE_TABLE::at(size_t id) {
+  if (!templates[id]) templates[id] = std::make_unique<SE_TEMPLATE>(&cmd, static_cast<int32_t>(id));
+  return templates[id].get();
 }
 
 SE_TEMPLATE* SE_TABLE::allocate_se() {
-  for (auto& t : templates)
-    if (!t->in_use) {
+  for (size_t id = 0; id < templates.size(); ++id)
+    if (SE_TEMPLATE* t = at(id); !t->in_use) {
       t->reset();
-      return t.get();
+      return t;
     }
   return nullptr;
 }
 
-SA_TABLE::SA_TABLE(TCMD& cmd) {
-  for (int32_t id = 0; id < static_cast<int32_t>(templates.size()); ++id)
-    templates[id] = std::make_unique<SA_TEMPLATE>(&cmd, id, 2);
+SA_TEMPLATE* SA_TABLE::at(size_t id) {
+  if (!templates[id])
+    templates[id] = std::make_unique<SA_TEMPLATE>(&cmd, static_cast<int32_t>(id), 2);
+  return templates[id].get();
 }
 
 SA_TEMPLATE* SA_TABLE::allocate_sa(const SA_TEMPLATE& t) {
   SA_TEMPLATE* shared = nullptr;  // same pattern, other kind; taken only when all are in use
   for (auto& slot : templates) {
-    if (!slot->in_use || !slot->matches(t)) continue;
+    if (!slot || !slot->in_use || !slot->matches(t)) continue;
     if (slot->kind == t.kind) return slot.get();
     if (slot->kind != 3 && t.kind != 3) shared = slot.get();
   }
-  for (auto& slot : templates)
-    if (!slot->in_use) {
+  for (size_t id = 0; id < templates.size(); ++id)
+    if (SA_TEMPLATE* slot = at(id); !slot->in_use) {
       slot->copy(t);
-      return slot.get();
+      return slot;
     }
   return shared;
 }
 
-void SE_OPEN::format(std::ostream& out) const {
+void SE_OPEN::format(TEXT_OUT& out) const {
   INDENT::indent(out) << "__SE" << stream_->id << "_OPEN(" << base_->ref(true) << ", "
                       << stream_->init->ref(true) << ");\n";
 }
 
-void SA_OPEN::format(std::ostream& out) const {
+void SA_OPEN::format(TEXT_OUT& out) const {
   INDENT::indent(out) << "__SA" << stream_->id << "_OPEN(" << stream_->init->ref(true) << ");\n";
 }
 
-void SE_CLOSE::format(std::ostream& out) const {
+void SE_CLOSE::format(TEXT_OUT& out) const {
   INDENT::indent(out) << "__SE" << stream_->id << "_CLOSE();\n";
 }
 
-void SA_CLOSE::format(std::ostream& out) const {
+void SA_CLOSE::format(TEXT_OUT& out) const {
   INDENT::indent(out) << "__SA" << stream_->id << "_CLOSE();\n";
 }

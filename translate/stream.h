@@ -8,9 +8,9 @@
 #include <array>
 #include <cstdint>
 #include <memory>
-#include <ostream>
 #include <string>
 
+#include "ZELT_ZLC/text_out.h"
 #include "ZELT_ZLC/vdata_type.h"
 #include "translate/tinstr.h"
 
@@ -92,34 +92,42 @@ class SA_TEMPLATE : public STREAM_TEMPLATE {
   void copy(const SA_TEMPLATE& other);
 };
 
+// The templates of a table are made at their first use: most loops use few
+// of them.
 class SE_TABLE {
  public:
-  explicit SE_TABLE(TCMD& cmd);
+  explicit SE_TABLE(TCMD& cmd) : cmd(cmd) {}
 
   // The first free engine, reset; null when both are taken.
   SE_TEMPLATE* allocate_se();
+  // The engine of slot `id`.
+  SE_TEMPLATE* at(size_t id);
 
-  std::array<std::unique_ptr<SE_TEMPLATE>, 2> templates;
+  std::array<std::unique_ptr<SE_TEMPLATE>, 2> templates;  // null until used
+  TCMD& cmd;
 };
 
 class SA_TABLE {
  public:
-  explicit SA_TABLE(TCMD& cmd);
+  explicit SA_TABLE(TCMD& cmd) : cmd(cmd) {}
 
   // A generator for the pattern `t`: one in use with the same kind and
   // pattern, else a free one taking a copy of `t`, else, when all are in
   // use, the last one with the same pattern and no transposing kind; null
   // when there is none.
   SA_TEMPLATE* allocate_sa(const SA_TEMPLATE& t);
+  // The generator of slot `id`.
+  SA_TEMPLATE* at(size_t id);
 
-  std::array<std::unique_ptr<SA_TEMPLATE>, 4> templates;
+  std::array<std::unique_ptr<SA_TEMPLATE>, 4> templates;  // null until used
+  TCMD& cmd;
 };
 
 // "__SE<id>_OPEN(base, config);" ahead of the loops that read the stream.
 class SE_OPEN : public TINSTR {
  public:
   SE_OPEN(SE_TEMPLATE* stream, TEXPR* base) : stream_(stream), base_(base) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::string instr_string() const override { return "SE_OPEN"; }
 
   SE_TEMPLATE* stream_;
@@ -130,7 +138,7 @@ class SE_OPEN : public TINSTR {
 class SA_OPEN : public TINSTR {
  public:
   explicit SA_OPEN(SA_TEMPLATE* stream) : stream_(stream) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::string instr_string() const override { return "SA_OPEN"; }
 
   SA_TEMPLATE* stream_;
@@ -140,7 +148,7 @@ class SA_OPEN : public TINSTR {
 class SE_CLOSE : public TINSTR {
  public:
   explicit SE_CLOSE(SE_TEMPLATE* stream) : stream_(stream) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::string instr_string() const override { return "SE_CLOSE"; }
 
   SE_TEMPLATE* stream_;
@@ -150,7 +158,7 @@ class SE_CLOSE : public TINSTR {
 class SA_CLOSE : public TINSTR {
  public:
   explicit SA_CLOSE(SA_TEMPLATE* stream) : stream_(stream) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::string instr_string() const override { return "SA_CLOSE"; }
 
   SA_TEMPLATE* stream_;

@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "ZELT_ZLC/agen.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vblock.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vop.h"
@@ -33,13 +34,13 @@ TCMD::TCMD(TKERNEL& kernel, VCMD* vcmd)
 }
 
 BBLOCK* TCMD::new_bblock_append(LOOP* loop) {
-  auto* block = new BBLOCK(*this, loop);
+  auto* block = kernel_new<BBLOCK>(*this, loop);
   if (!blocks.empty()) blocks.back()->add_edge(block);
   blocks.push_back(block);
   return block;
 }
 
-BBLOCK* TCMD::new_bblock(LOOP* loop) { return new BBLOCK(*this, loop); }
+BBLOCK* TCMD::new_bblock(LOOP* loop) { return kernel_new<BBLOCK>(*this, loop); }
 
 void TCMD::append_tinstr(TINSTR* instr) { blocks.back()->add_tinstr_back(instr); }
 
@@ -71,26 +72,26 @@ void TCMD::translate_loop(VBLOCK* block, LOOP* loop) {
   bool repeat = block->depth == -1;
   TEXPR* count;
   if (!repeat) {
-    count = new TEXPR(*this, "int32_t", tripcount);
+    count = kernel_new<TEXPR>(*this, "int32_t", tripcount);
   } else if (tripcount->is_const()) {
     has_repeat = true;
-    count = new TEXPR(*this, tripcount);
+    count = kernel_new<TEXPR>(*this, tripcount);
   } else {
     has_repeat = true;
     TVAL_RT* rt = tvals.new_tval_rt(tripcount);
-    root_loop.tval_decls.add(rt->type, "__" + rt->name, new VPEXPR(rt->init_ref()));
-    count = new TEXPR(*this, rt);
+    root_loop.tval_decls.add(rt->type, "__" + rt->name, kernel_new<VPEXPR>(rt->init_ref()));
+    count = kernel_new<TEXPR>(*this, rt);
   }
   loop->add_tdecl("int32_t", block->lcv, nullptr);
   BBLOCK* init = new_bblock_append(loop);
-  auto* inner = new LOOP(*this, loop, block, init, count, block->lcv);
+  auto* inner = kernel_new<LOOP>(*this, loop, block, init, count, block->lcv);
   inner->entry_block = new_bblock_append(inner);
   if (repeat) top_loop = inner;
   new_bblock_append(inner);
-  auto* begin = new TBEGINLOOP(block->lcv, count);
+  auto* begin = kernel_new<TBEGINLOOP>(block->lcv, count);
   append_tinstr(begin);
   translate_children(block, inner);
-  append_tinstr(new TENDLOOP(begin));
+  append_tinstr(kernel_new<TENDLOOP>(begin));
   blocks.back()->add_edge(inner->entry_block);
   inner->cleanup_block = new_bblock_append(loop);
 }
@@ -122,7 +123,7 @@ void TCMD::translate_vinstr(VINSTR& instr) {
 
 void TCMD::translate_vexit(VINSTR& instr) {
   auto& vexit = static_cast<VEXIT&>(instr);
-  auto* exit = new TVEXIT(vexit.src1, &vexit.label);
+  auto* exit = kernel_new<TVEXIT>(vexit.src1, &vexit.label);
   append_tinstr(exit);
   exit->declare_vreg(vexit.src1);
   LOOP* target = vexit.level == 1 ? top_loop : top_loop->nested_loop();
@@ -131,7 +132,7 @@ void TCMD::translate_vexit(VINSTR& instr) {
 
 TVAL* TCMD::new_tval(const std::string& type, const VPEXPR* expr) {
   TVAL* tval = tvals.new_tval(type, expr);
-  top_loop->tval_decls.add(type, "__" + tval->name, new VPEXPR(tval->init_ref()));
+  top_loop->tval_decls.add(type, "__" + tval->name, kernel_new<VPEXPR>(tval->init_ref()));
   return tval;
 }
 
@@ -158,7 +159,7 @@ void TCMD::setup_plain_agen(AGEN* a) {
   if (std::find(agens_done.begin(), agens_done.end(), a) != agens_done.end()) return;
   top_loop->add_agen_increments(a);
   kernel.scope.add("__agen", a->name, nullptr);
-  top_loop->entry_block->add_tinstr_front(new TAINIT(a));
+  top_loop->entry_block->add_tinstr_front(kernel_new<TAINIT>(a));
   agens_done.push_back(a);
 }
 

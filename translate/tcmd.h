@@ -6,10 +6,10 @@
 
 #include <cstdint>
 #include <map>
-#include <ostream>
 #include <string>
 #include <vector>
 
+#include "ZELT_ZLC/text_out.h"
 #include "translate/lht.h"
 #include "translate/loop.h"
 #include "translate/stream.h"
@@ -98,7 +98,7 @@ class TCMD {
   LOOP* find_loop(const std::string& lcv);
   bool has_tvals() const { return has_repeat || !tvals.by_number.empty(); }
 
-  void format(std::ostream& out) const { root_loop.format(out); }
+  void format(TEXT_OUT& out) const { root_loop.format(out); }
   // The blocks with their edges, on standard output.
   void dump() const;
 

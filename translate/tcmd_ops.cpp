@@ -2,6 +2,7 @@
 // multiply-accumulate is split into the product, its rounding and the
 // accumulation.
 #include "ZELT_ZLC/vblock.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vop.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "translate/tcmd.h"
@@ -16,9 +17,9 @@ void TCMD::translate_vop(VINSTR& instr) {
   auto& vop = static_cast<VOP&>(instr);
   TINSTR* tinstr;
   if (vop.name == "__zelt_vmove")
-    tinstr = new TVMOVE(vop.dst1, vop.src1);
+    tinstr = kernel_new<TVMOVE>(vop.dst1, vop.src1);
   else
-    tinstr = new TVOP(&vop);
+    tinstr = kernel_new<TVOP>(&vop);
   append_tinstr(tinstr);
 
   if (vop.round_mode != VOP::RM_NONE) {
@@ -30,7 +31,7 @@ void TCMD::translate_vop(VINSTR& instr) {
       VREG* temp = kernel.temp_vreg();
       tinstr->declare_vreg(temp);
       VREG* acc = vop.src3;
-      accumulate = new VOP(vop.srcinfo, vop.vcmd,
+      accumulate = kernel_new<VOP>(vop.srcinfo, vop.vcmd,
                            vop.name == "__zelt_vmadd" ? "__zelt_vadd" : "__zelt_vsub");
       accumulate->src1 = acc;
       accumulate->src2 = temp;
@@ -40,9 +41,9 @@ void TCMD::translate_vop(VINSTR& instr) {
       vop.src3 = nullptr;
       target = temp;
     }
-    auto* bits = new TEXPR(*this, "uint32_t", new VPEXPR(vop.round_value, VPEXPR::EVAL_SIGNED));
-    append_tinstr(new TROUND(target, TROUND::translate(vop.round_mode), bits));
-    if (accumulate) append_tinstr(new TVOP(accumulate));
+    auto* bits = kernel_new<TEXPR>(*this, "uint32_t", kernel_new<VPEXPR>(vop.round_value, VPEXPR::EVAL_SIGNED));
+    append_tinstr(kernel_new<TROUND>(target, TROUND::translate(vop.round_mode), bits));
+    if (accumulate) append_tinstr(kernel_new<TVOP>(accumulate));
   }
 
   for (VREG* reg : {vop.dst1, vop.dst2, vop.src1, vop.src2, vop.src3}) tinstr->declare_vreg(reg);
@@ -50,7 +51,7 @@ void TCMD::translate_vop(VINSTR& instr) {
 
 void TCMD::translate_vprint(VINSTR& instr) {
   auto& print = static_cast<VPRINT&>(instr);
-  auto* tinstr = new TVPRINT(print.vreg, print.text);
+  auto* tinstr = kernel_new<TVPRINT>(print.vreg, print.text);
   append_tinstr(tinstr);
   tinstr->declare_vreg(print.vreg);
 }

@@ -2,6 +2,7 @@
 // a table, and the setup of a loop's tables ahead of its loop nest.
 #include "DIAG/diag.h"
 #include "ZELT_ZLC/driver.h"
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/parm.h"
 #include "ZELT_ZLC/vcmd_hist_tbl.h"
 #include "ZELT_ZLC/vhup_vtld.h"
@@ -33,8 +34,8 @@ void TCMD::translate_vhup(VINSTR& instr) {
     return;
   }
   lht->kind = LHT_TEMPLATE::HISTOGRAM;
-  auto* table = new TEXPR(*this, "void*", lv->addr);
-  TEXPR* user_size = hist.table_size ? new TEXPR(*this, "uint32_t", hist.table_size) : nullptr;
+  auto* table = kernel_new<TEXPR>(*this, "void*", lv->addr);
+  TEXPR* user_size = hist.table_size ? kernel_new<TEXPR>(*this, "uint32_t", hist.table_size) : nullptr;
   AGEN* agen = lv->agen && agen_is_updated(lv->agen) ? lv->agen : nullptr;
   lht->set_fields(lv->type, constant_of(hist.num_objs()), 1, constant_of(hist.dup), table,
                   lv->parm, agen, user_size, &vhup.srcinfo);
@@ -42,7 +43,7 @@ void TCMD::translate_vhup(VINSTR& instr) {
   VREG* out;
   VREG* unused;
   translate_round_sat(vhup, vhup.data, out, nullptr, unused);
-  auto* update = new TVHIST(vhup.dst, out, vhup.weight, agen, lv->type, lht);
+  auto* update = kernel_new<TVHIST>(vhup.dst, out, vhup.weight, agen, lv->type, lht);
   lht->users.push_back(update);
   append_tinstr(update);
   for (VREG* reg : {vhup.dst, out, vhup.weight}) update->declare_vreg(reg);
@@ -59,8 +60,8 @@ void TCMD::translate_vtld(VINSTR& instr) {
     return;
   }
   lht->kind = LHT_TEMPLATE::LOOKUP;
-  auto* table = new TEXPR(*this, "void*", lv->addr);
-  TEXPR* user_size = tbl.table_size ? new TEXPR(*this, "uint32_t", tbl.table_size) : nullptr;
+  auto* table = kernel_new<TEXPR>(*this, "void*", lv->addr);
+  TEXPR* user_size = tbl.table_size ? kernel_new<TEXPR>(*this, "uint32_t", tbl.table_size) : nullptr;
   AGEN* agen = lv->agen && agen_is_updated(lv->agen) ? lv->agen : nullptr;
   lht->set_fields(lv->type, constant_of(tbl.num_objs()), constant_of(tbl.num_pts()),
                   constant_of(tbl.dup), table, lv->parm, agen, user_size, &vtld.srcinfo);
@@ -68,7 +69,7 @@ void TCMD::translate_vtld(VINSTR& instr) {
   VREG* out;
   VREG* unused;
   translate_round_sat(vtld, vtld.index, out, nullptr, unused);
-  auto* lookup = new TVLOOKUP(vtld.dst, out, agen, lv->type, lht);
+  auto* lookup = kernel_new<TVLOOKUP>(vtld.dst, out, agen, lv->type, lht);
   lht->users.push_back(lookup);
   append_tinstr(lookup);
   for (VREG* reg : {vtld.dst, out}) lookup->declare_vreg(reg);
@@ -85,7 +86,7 @@ LHT_TEMPLATE* TCMD::lut_from_scatter_group(int32_t group) {
 void TCMD::set_scatter_table(LHT_TEMPLATE& lht, const VSTORE& vstore) {
   const VLVALUE* lv = vstore.lv;
   lht.kind = vstore.dist == VSTORE::LUT_SCATTER ? LHT_TEMPLATE::SCATTER : LHT_TEMPLATE::SCATTER_NP1;
-  auto* table = new TEXPR(*this, "void*", lv->base ? lv->base : lv->addr);
+  auto* table = kernel_new<TEXPR>(*this, "void*", lv->base ? lv->base : lv->addr);
   lht.set_fields(lv->type, zelt_simd_width, 1, 1, table, lv->parm, nullptr, nullptr,
                  &vstore.srcinfo);
   lht.in_use = true;
@@ -97,8 +98,8 @@ void TCMD::lht_setup(VAL_RANGES& ranges) {
   LOOP* nest = top_loop->nested_loop();
   BBLOCK* anchor = nest ? nest->init_block : top_loop->entry_block;
   for (auto& owned : lht_table.templates) {
+    if (!owned || !owned->in_use) continue;
     LHT_TEMPLATE& lht = *owned;
-    if (!lht.in_use) continue;
     const bool scatter = lht.kind == LHT_TEMPLATE::SCATTER || lht.kind == LHT_TEMPLATE::SCATTER_NP1;
     if (scatter) {
       const TINSTR* first = lht.users.empty() ? nullptr : lht.users.front();
@@ -109,11 +110,11 @@ void TCMD::lht_setup(VAL_RANGES& ranges) {
       if (lht.kind == LHT_TEMPLATE::SCATTER_NP1) lht.generate_copy_size_expr();
       if (lht.kind == LHT_TEMPLATE::SCATTER) {
         lht.max_index_sreg = kernel.temp_sreg();
-        lht.max_index_instr = new LUT_MAX_INDEX(&lht);
+        lht.max_index_instr = kernel_new<LUT_MAX_INDEX>(&lht);
         anchor->add_tinstr_back(lht.max_index_instr);
         lht.max_index_instr->declare_sreg(lht.max_index_sreg);
         lht.scatter_size_sreg = kernel.temp_sreg();
-        lht.scatter_size_instr = new LUT_SCATTER_SIZE(lht.max_index_sreg, &lht);
+        lht.scatter_size_instr = kernel_new<LUT_SCATTER_SIZE>(lht.max_index_sreg, &lht);
         anchor->add_tinstr_after(lht.max_index_instr, lht.scatter_size_instr);
         lht.scatter_size_instr->declare_sreg(lht.scatter_size_sreg);
       }
@@ -124,13 +125,13 @@ void TCMD::lht_setup(VAL_RANGES& ranges) {
     // An output-only scatter table isn't read first; any other table is.
     if (!scatter || !(lht.parm && lht.parm->has_flag(PARM::QF_OUTPUT_ONLY))) {
       lht.generate_copyin_init();
-      anchor->add_tinstr_back(new LHT_COPYIN(&lht));
+      anchor->add_tinstr_back(kernel_new<LHT_COPYIN>(&lht));
     }
-    lht.open_instr = new LHT_OPEN(&lht);
+    lht.open_instr = kernel_new<LHT_OPEN>(&lht);
     anchor->add_tinstr_back(lht.open_instr);
     if (lht.kind != LHT_TEMPLATE::LOOKUP) {
       lht.generate_copyout_init();
-      top_loop->last_block()->add_tinstr_front(new LHT_COPYOUT(&lht));
+      top_loop->last_block()->add_tinstr_front(kernel_new<LHT_COPYOUT>(&lht));
     }
   }
 }

@@ -4,10 +4,10 @@
 #ifndef ZLC_TRANSLATE_TINSTR_H
 #define ZLC_TRANSLATE_TINSTR_H
 
-#include <ostream>
 #include <string>
 #include <vector>
 
+#include "ZELT_ZLC/text_out.h"
 #include "ZELT_ZLC/vdata_type.h"
 
 class AGEN;
@@ -27,7 +27,7 @@ class TINSTR {
   TINSTR& operator=(const TINSTR&) = delete;
 
   // Writes the instruction's lines of the vector-loop function.
-  virtual void format(std::ostream& out) const = 0;
+  virtual void format(TEXT_OUT& out) const = 0;
   virtual LHT_TEMPLATE* lht() const { return nullptr; }
   // Whether the access may be served by the stream `t`, and the hand-over.
   virtual bool can_use_stream(STREAM_TEMPLATE& t) const;

@@ -2,6 +2,7 @@
 // and signatures that belong to the whole kernel.
 #include "translate/tkernel.h"
 
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "translate/lut_scatter.h"
 #include "translate/q9k_transpose.h"
@@ -9,11 +10,11 @@
 #include "translate/tcmd.h"
 #include "translate/val_ranges.h"
 
-TKERNEL::TKERNEL(std::ostream& outfile, std::ostream& header_file)
+TKERNEL::TKERNEL(TEXT_OUT& outfile, TEXT_OUT& header_file)
     : VKERNEL(outfile, header_file), scope(this) {}
 
-VKERNEL* new_translation_kernel(std::ostream& outfile, std::ostream& header_file) {
-  return new TKERNEL(outfile, header_file);
+VKERNEL* new_translation_kernel(TEXT_OUT& outfile, TEXT_OUT& header_file) {
+  return kernel_new<TKERNEL>(outfile, header_file);
 }
 
 // The transpose and table scatter rewrites of the model come first; each
@@ -25,7 +26,7 @@ void TKERNEL::translate_for_9k() {
 }
 
 void TKERNEL::translate_vcmd(VCMD* vcmd) {
-  auto* cmd = new TCMD(*this, vcmd);
+  auto* cmd = kernel_new<TCMD>(*this, vcmd);
   tcmds.push_back(cmd);
   cmd->translate_vblock(&vcmd->root, &cmd->root_loop);
   // The graph and the ranges live for this loop only: the ranges of the
@@ -39,7 +40,7 @@ void TKERNEL::translate_vcmd(VCMD* vcmd) {
 
 bool TKERNEL::needs_update_function() { return parms.has_update_parms(); }
 
-void TKERNEL::format_update_sig(std::ostream& out) {
+void TKERNEL::format_update_sig(TEXT_OUT& out) {
   out << "void " << name << "_update";
   parms.format_declarations(pblock_name, out, true, true, cpp_out);
 }

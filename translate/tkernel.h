@@ -5,11 +5,11 @@
 #define ZLC_TRANSLATE_TKERNEL_H
 
 #include <cstdint>
-#include <ostream>
 #include <string>
 #include <vector>
 
 #include "ZELT_ZLC/parm.h"
+#include "ZELT_ZLC/text_out.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vreg.h"
 #include "translate/loop.h"
@@ -18,12 +18,12 @@ class TCMD;
 
 class TKERNEL : public VKERNEL {
  public:
-  TKERNEL(std::ostream& outfile, std::ostream& header_file);
+  TKERNEL(TEXT_OUT& outfile, TEXT_OUT& header_file);
 
   void translate_for_9k() override;
   bool needs_update_function() override;
   // "void", the name, "_update", and the update parameters with the block.
-  void format_update_sig(std::ostream& out) override;
+  void format_update_sig(TEXT_OUT& out) override;
 
   // The generated text of the kernel: value types, parameter block, count,
   // init and update functions, vector-loop function and runners.
@@ -57,6 +57,6 @@ class TKERNEL : public VKERNEL {
 };
 
 // The kernel object of every kernel of the source file.
-VKERNEL* new_translation_kernel(std::ostream& outfile, std::ostream& header_file);
+VKERNEL* new_translation_kernel(TEXT_OUT& outfile, TEXT_OUT& header_file);
 
 #endif

@@ -1,8 +1,8 @@
 // The generated text of one kernel: value types, parameter block, count,
 // init and update functions, the vector-loop function and the runners.
-#include <ostream>
 
 #include "ZELT_ZLC/driver.h"
+#include "ZELT_ZLC/text_out.h"
 #include "options/optobj.h"
 #include "translate/loop.h"
 #include "translate/tcmd.h"
@@ -13,7 +13,7 @@ namespace {
 bool profile_requested() { return global_opts && global_opts->state[option_obj::OO_PROFILE] != 0; }
 
 // Starts a function body at level 0.
-void open_body(std::ostream& out) {
+void open_body(TEXT_OUT& out) {
   out << "\n";
   INDENT::reset(out);
   INDENT::open(out);
@@ -29,7 +29,7 @@ void format_loop_comment(const TKERNEL& kernel, const TCMD* cmd) {
 }  // namespace
 
 void TKERNEL::format_tval_typedef() {
-  std::ostream& out = outfile;
+  TEXT_OUT& out = outfile;
   INDENT::reset(out);
   for (const TCMD* cmd : tcmds) cmd->tvals.format_typedef(out);
   out << "typedef struct\n";
@@ -45,13 +45,13 @@ void TKERNEL::format_tval_typedef() {
 }
 
 void TKERNEL::format_tval_assignment() {
-  std::ostream& out = outfile;
+  TEXT_OUT& out = outfile;
   INDENT::indent(out) << tval_type_name() << "* tvals = (" << tval_type_name() << "*)pblock;\n";
   INDENT::blankline(out);
 }
 
 void TKERNEL::format_initializer() {
-  std::ostream& out = outfile;
+  TEXT_OUT& out = outfile;
   format_tval_typedef();
   out << format_preg_attrs() << "uint16_t " << pblock_name << "[ " << pblock_size() << " ];\n";
   INDENT::blankline(out);
@@ -96,7 +96,7 @@ void TKERNEL::format_initializer() {
 }
 
 void TKERNEL::format_kernel_information() {
-  std::ostream& out = outfile;
+  TEXT_OUT& out = outfile;
   out << linkage_decl() << format_param_count_sig();
   open_body(out);
   INDENT::indent(out) << "return " << pblock_size() << ";\n";
@@ -105,7 +105,7 @@ void TKERNEL::format_kernel_information() {
 }
 
 void TKERNEL::format_vloops() {
-  std::ostream& out = outfile;
+  TEXT_OUT& out = outfile;
   out << linkage_decl() << format_vloop_sig(true);
   open_body(out);
   format_tval_assignment();
@@ -127,7 +127,7 @@ void TKERNEL::format_vloops() {
 }
 
 void TKERNEL::format_runner() {
-  std::ostream& out = outfile;
+  TEXT_OUT& out = outfile;
   const bool profile = profile_requested();
   out << linkage_decl();
   format_function_signature(out, true);

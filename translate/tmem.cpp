@@ -79,7 +79,7 @@ std::vector<VREG*> TVLOAD::dst_regs() const {
 
 // The address argument of a load or a plain store; none for an engine,
 // which was given its address when it opened.
-void TVMEM::format_address(std::ostream& out) const {
+void TVMEM::format_address(TEXT_OUT& out) const {
   if (circ)
     out << ", (void*)circ(" << base_->ref(true) << ", " << name_of(agen_) << ", " << circ << ")";
   else if (stream_ && stream_->is_sa())
@@ -88,7 +88,7 @@ void TVMEM::format_address(std::ostream& out) const {
     out << ", (void*)((char*)" << base_->ref(false) << " + " << agen_->name << ")";
 }
 
-void TVLOAD::format(std::ostream& out) const {
+void TVLOAD::format(TEXT_OUT& out) const {
   INDENT::indent(out) << "zelt_load<" << type.get_name() << ", " << dist_word(dist) << ", "
                       << sa_tag() << ">::" << (stream_ && stream_->is_se() ? "SE_load(" : "load(")
                       << name_of(dst);
@@ -133,7 +133,7 @@ std::vector<VREG*> TVSTORE::src_regs() const {
 
 // The address of a table write: the generator, or the stream's pointer,
 // and the offset of the reference.
-void TVSTORE::format_table_location(std::ostream& out) const {
+void TVSTORE::format_table_location(TEXT_OUT& out) const {
   if (stream_)
     out << "(long long)SAptr<" << type.get_name() << "," << sa_tag() << ">(NULL).addr()";
   else
@@ -141,7 +141,7 @@ void TVSTORE::format_table_location(std::ostream& out) const {
   if (offset && !pexpr_is(offset->pexpr, 0)) out << " + " << offset->ref(true);
 }
 
-void TVSTORE::format(std::ostream& out) const {
+void TVSTORE::format(TEXT_OUT& out) const {
   if (dist == 11 || dist == 12) {
     INDENT::indent(out) << (lht_ ? lht_->template_name() : std::string())
                         << (dist == 11 ? "::scatter(" : "::offset_np1(") << name_of(src) << ", ";
@@ -166,13 +166,13 @@ void TVSTORE::format(std::ostream& out) const {
   out << ");\n";
 }
 
-void TVINIT::format(std::ostream& out) const {
+void TVINIT::format(TEXT_OUT& out) const {
   INDENT::indent(out) << reg->name << " = (__vector)((int)" << value->ref(true) << ");\n";
 }
 
-void TAINIT::format(std::ostream& out) const { INDENT::indent(out) << agen_->name << " = 0;\n"; }
+void TAINIT::format(TEXT_OUT& out) const { INDENT::indent(out) << agen_->name << " = 0;\n"; }
 
-void TAINCR::format(std::ostream& out) const {
+void TAINCR::format(TEXT_OUT& out) const {
   INDENT::indent(out) << agen_->name << " += " << incr->ref(true) << ";\n";
 }
 
@@ -183,7 +183,7 @@ std::vector<VREG*> TVMOVE::src_regs() const {
   return {src};
 }
 
-void TVMOVE::format(std::ostream& out) const {
+void TVMOVE::format(TEXT_OUT& out) const {
   bool conditional = is_conditional();
   if (conditional) {
     INDENT::indent(out) << "if (";

@@ -24,7 +24,7 @@ class TVMEM : public TINSTR {
   VDATA_TYPE elem_type() const override { return type; }
   AGEN* agen() const override { return agen_; }
   bool is_transpose() const override { return dist == 10; }
-  void format_address(std::ostream& out) const;
+  void format_address(TEXT_OUT& out) const;
 
   TEXPR* base_ = nullptr;
   AGEN* agen_ = nullptr;
@@ -37,7 +37,7 @@ class TVMEM : public TINSTR {
 
 class TVLOAD : public TVMEM {
  public:
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   // The address that an engine opens on; only loads offer one.
   TEXPR* base() const override { return base_; }
   bool can_use_stream(STREAM_TEMPLATE& t) const override;
@@ -58,7 +58,7 @@ class TVLOAD : public TVMEM {
 
 class TVSTORE : public TVMEM {
  public:
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   LHT_TEMPLATE* lht() const override { return lht_; }
   bool can_use_stream(STREAM_TEMPLATE& t) const override;
   void use_stream(STREAM_TEMPLATE* t) override;
@@ -68,7 +68,7 @@ class TVSTORE : public TVMEM {
 
   // The distribution word of a store, "npt"; empty for an unknown value.
   static std::string dist_word(int32_t dist);
-  void format_table_location(std::ostream& out) const;
+  void format_table_location(TEXT_OUT& out) const;
 
   VREG* src = nullptr;
   VREG* src2 = nullptr;
@@ -82,7 +82,7 @@ class TVSTORE : public TVMEM {
 class TVINIT : public TINSTR {
  public:
   TVINIT(VREG* reg, TEXPR* value) : reg(reg), value(value) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::vector<VREG*> dst_regs() const override { return {reg}; }
   std::string instr_string() const override { return "INIT"; }
   bool find_range(VAL_RANGE* range, const std::vector<VAL_RANGE*>& operands) override;
@@ -94,7 +94,7 @@ class TVINIT : public TINSTR {
 class TAINIT : public TINSTR {
  public:
   explicit TAINIT(AGEN* agen) : agen_(agen) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::string instr_string() const override { return "AINIT"; }
 
   AGEN* agen_;
@@ -103,7 +103,7 @@ class TAINIT : public TINSTR {
 class TAINCR : public TINSTR {
  public:
   TAINCR(AGEN* agen, TEXPR* incr) : agen_(agen), incr(incr) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::string instr_string() const override { return "AINCR"; }
 
   AGEN* agen_;
@@ -114,7 +114,7 @@ class TAINCR : public TINSTR {
 class TVMOVE : public TINSTR {
  public:
   TVMOVE(VREG* dst, VREG* src, VMOVE* vmove = nullptr) : dst(dst), src(src), vmove(vmove) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::vector<VREG*> dst_regs() const override { return {dst}; }
   std::vector<VREG*> src_regs() const override;
   std::string instr_string() const override { return "MOVE"; }

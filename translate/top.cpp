@@ -71,7 +71,7 @@ VDATA_TYPE TVOP::operation_data_type() const {
   return any_unsigned && !any_signed ? VDATA_TYPE::uint32 : VDATA_TYPE::int32;
 }
 
-void TVOP::format(std::ostream& out) const {
+void TVOP::format(TEXT_OUT& out) const {
   const OP_FORM* form = find_form(vop->name);
   if (!form) {
     std::printf("warning: unknown op in TVOP::format: %s\n", vop->name.c_str());

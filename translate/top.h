@@ -3,10 +3,10 @@
 #ifndef ZLC_TRANSLATE_TOP_H
 #define ZLC_TRANSLATE_TOP_H
 
-#include <ostream>
 #include <string>
 #include <vector>
 
+#include "ZELT_ZLC/text_out.h"
 #include "translate/tinstr.h"
 
 class VOP;
@@ -17,7 +17,7 @@ class TVOP : public TINSTR {
 
   // The operation's line; an operation that no row of the table knows
   // writes nothing and warns on standard output.
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::vector<VREG*> dst_regs() const override;
   std::vector<VREG*> src_regs() const override;
   std::string instr_string() const override { return "OP"; }

@@ -4,6 +4,7 @@
 
 #include <bit>
 
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "ZELT_ZLC/vreg.h"
 #include "translate/loop.h"
@@ -28,7 +29,7 @@ int32_t TROUND::translate(VOP::ROUND_MODE mode) {
   return mode >= VOP::RM_ROUND && mode <= VOP::RM_SHIFT ? static_cast<int32_t>(mode) : NONE;
 }
 
-void TROUND::format(std::ostream& out) const {
+void TROUND::format(TEXT_OUT& out) const {
   INDENT::indent(out);
   if (mode == SHIFT) {
     out << reg->name << " <<= " << bits->ref(true) << ";\n";
@@ -43,7 +44,7 @@ TSAT::TSAT(TCMD& cmd, VREG* reg, ROUND_SAT& rs, const VDATA_TYPE& type) : reg(re
   // A bound that the model left out reads as zero.
   auto bound = [&](size_t index) {
     const VPEXPR* expr = index < rs.sat_bounds.size() ? rs.sat_bounds[index] : nullptr;
-    return new TEXPR(cmd, "int32_t", expr ? expr : VPEXPR::zero);
+    return kernel_new<TEXPR>(cmd, "int32_t", expr ? expr : VPEXPR::zero);
   };
   if (rs.sat_mode == ROUND_SAT::SM_4PARAM) {
     kind = RANGE4;
@@ -79,7 +80,7 @@ int32_t TSAT::bounds_are_bit_width(int64_t min, int64_t max) {
   return 0;
 }
 
-void TSAT::format(std::ostream& out) const {
+void TSAT::format(TEXT_OUT& out) const {
   if (unneeded) return;
   const std::string from =
       type == VDATA_TYPE::uint32 ? type.get_name() : reg->type.get_name();

@@ -4,11 +4,11 @@
 #define ZLC_TRANSLATE_TROUND_SAT_H
 
 #include <cstdint>
-#include <ostream>
 #include <string>
 #include <vector>
 
 #include "ZELT_ZLC/round_sat.h"
+#include "ZELT_ZLC/text_out.h"
 #include "ZELT_ZLC/vop.h"
 #include "translate/tinstr.h"
 
@@ -20,7 +20,7 @@ class TROUND : public TINSTR {
 
   TROUND(VREG* reg, int32_t mode, TEXPR* bits) : reg(reg), mode(mode), bits(bits) {}
 
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::vector<VREG*> dst_regs() const override { return {reg}; }
   std::vector<VREG*> src_regs() const override { return {reg}; }
   std::string instr_string() const override { return "ROUND"; }
@@ -44,7 +44,7 @@ class TSAT : public TINSTR {
   TSAT(TCMD& cmd, VREG* reg, ROUND_SAT& rs, const VDATA_TYPE& type);
 
   // Nothing when the saturation is unneeded.
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::vector<VREG*> dst_regs() const override { return {reg}; }
   std::vector<VREG*> src_regs() const override { return {reg}; }
   std::string instr_string() const override { return "SAT"; }

@@ -2,6 +2,7 @@
 // parameter block, and the typedef and assignments that hold them.
 #include "translate/tval.h"
 
+#include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/vpexpr.h"
 #include "translate/loop.h"
 #include "translate/tcmd.h"
@@ -32,7 +33,7 @@ bool TVAL::matches(const std::string& other_type, const VPEXPR* expr) const {
 }
 
 void TVAL::add_pexpr(const VPEXPR* expr) {
-  assignment << init_ref() << " = " << expr->text << ";";
+  assignment += init_ref() + " = " + expr->text + ";";
   pexpr = expr;
 }
 
@@ -40,7 +41,7 @@ TVAL* TVAL_TABLE::new_tval(const std::string& type, const VPEXPR* expr) {
   for (const auto& [name, tval] : by_name)
     if (tval->matches(type, expr)) return tval;
   uint32_t number = next_number++;
-  auto* tval = new TVAL(srcloc_internal, "p" + std::to_string(number), this, type);
+  auto* tval = kernel_new<TVAL>(srcloc_internal, "p" + std::to_string(number), this, type);
   by_name.emplace(tval->name, tval);
   by_number.emplace(number, tval);
   tval->number = static_cast<int32_t>(number);
@@ -49,7 +50,7 @@ TVAL* TVAL_TABLE::new_tval(const std::string& type, const VPEXPR* expr) {
 }
 
 TVAL_RT* TVAL_TABLE::new_tval_rt(const VPEXPR* expr) {
-  rt = new TVAL_RT(srcloc_internal, "tripcount", this, "int32_t");
+  rt = kernel_new<TVAL_RT>(srcloc_internal, "tripcount", this, "int32_t");
   rt->add_pexpr(expr);
   return rt;
 }
@@ -60,12 +61,12 @@ std::string TVAL_TABLE::type() const {
   return kernel->name + "_loop" + std::to_string(cmd->id) + "_tvals_t";
 }
 
-void TVAL_TABLE::format_init(std::ostream& out, bool update) const {
+void TVAL_TABLE::format_init(TEXT_OUT& out, bool update) const {
   LOOP* repeat = cmd->has_repeat ? cmd->root_loop.nested_loop() : nullptr;
   if (repeat) {
     INDENT::open(out);
     if (rt) {
-      INDENT::indent(out) << rt->assignment.str() << '\n';
+      INDENT::indent(out) << rt->assignment << '\n';
       INDENT::indent(out) << rt->type << " __" << rt->name << " = " << rt->init_ref() << ";\n";
     }
     INDENT::indent(out) << "int32_t " << repeat->lcv << ";\n";
@@ -73,7 +74,7 @@ void TVAL_TABLE::format_init(std::ostream& out, bool update) const {
   }
   for (const auto& [number, tval] : by_number) {
     if (update && !tval->depends_on_update_parms()) continue;
-    INDENT::indent(out) << tval->assignment.str() << '\n';
+    INDENT::indent(out) << tval->assignment << '\n';
   }
   if (repeat) {
     INDENT::close(out);
@@ -81,7 +82,7 @@ void TVAL_TABLE::format_init(std::ostream& out, bool update) const {
   }
 }
 
-void TVAL_TABLE::format_typedef(std::ostream& out) const {
+void TVAL_TABLE::format_typedef(TEXT_OUT& out) const {
   out << "typedef struct\n{\n";
   if (rt) out << "   int32_t tripcount;\n";
   out << "   struct\n   {\n";

@@ -5,12 +5,11 @@
 
 #include <cstdint>
 #include <map>
-#include <ostream>
-#include <sstream>
 #include <string>
 
 #include "ZELT_ZLC/parm.h"
 #include "ZELT_ZLC/symtab.h"
+#include "ZELT_ZLC/text_out.h"
 
 class TCMD;
 class TKERNEL;
@@ -34,7 +33,7 @@ class TVAL : public SYMREG {
   TVAL_TABLE* table;
   std::string type;
   const VPEXPR* pexpr = nullptr;
-  std::ostringstream assignment;
+  std::string assignment;
 };
 
 // The run-time count of a repeat loop: one field for all repeat iterations.
@@ -57,9 +56,9 @@ class TVAL_TABLE {
 
   // The assignments of the init function, or with `update` those of the
   // update function: only values that depend on update parameters.
-  void format_init(std::ostream& out, bool update) const;
+  void format_init(TEXT_OUT& out, bool update) const;
   // The typedef of the loop's value struct.
-  void format_typedef(std::ostream& out) const;
+  void format_typedef(TEXT_OUT& out) const;
 
   // "loop" and the loop's id: the member of the kernel's value struct.
   std::string name() const;

@@ -8,11 +8,11 @@ bool TINSTR::is_tvexit() const { return dynamic_cast<const TVEXIT*>(this) != nul
 
 bool TINSTR::is_tvprint() const { return dynamic_cast<const TVPRINT*>(this) != nullptr; }
 
-void TVEXIT::format(std::ostream& out) const {
+void TVEXIT::format(TEXT_OUT& out) const {
   INDENT::indent(out) << "if (" << reg->name << ".s0 != 0) goto " << *label << ";\n";
 }
 
-void TVPRINT::format(std::ostream& out) const {
+void TVPRINT::format(TEXT_OUT& out) const {
   INDENT::indent(out) << "print<int32_t>::apply(" << reg->name;
   if (!text.empty()) out << ", " << text;
   out << ");\n";

@@ -2,16 +2,16 @@
 #ifndef ZLC_TRANSLATE_TVEXIT_H
 #define ZLC_TRANSLATE_TVEXIT_H
 
-#include <ostream>
 #include <string>
 
+#include "ZELT_ZLC/text_out.h"
 #include "translate/tinstr.h"
 
 // Leaves the loop that carries `label` when lane 0 of `reg` is not zero.
 class TVEXIT : public TINSTR {
  public:
   TVEXIT(VREG* reg, const std::string* label) : reg(reg), label(label) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::string instr_string() const override { return "EXIT"; }
 
   VREG* reg;
@@ -21,7 +21,7 @@ class TVEXIT : public TINSTR {
 class TVPRINT : public TINSTR {
  public:
   TVPRINT(VREG* reg, std::string text) : reg(reg), text(std::move(text)) {}
-  void format(std::ostream& out) const override;
+  void format(TEXT_OUT& out) const override;
   std::string instr_string() const override { return "PRINT"; }
 
   VREG* reg;

@@ -3,6 +3,8 @@
 #include "translate/val_ranges.h"
 
 #include <iostream>
+#include <map>
+#include <utility>
 #include <vector>
 
 #include "ZELT_ZLC/vpexpr.h"
@@ -51,13 +53,20 @@ bool VAL_RANGE::merge_direct_input(const VAL_RANGE& other) {
                 other.max->value64() > max->value64() ? other.max : max);
 }
 
+// The bounds of each type are made once and shared.
 bool VAL_RANGE::update_to_type_bounds(const VDATA_TYPE& type) {
-  const int64_t bits = type.bits;
-  if (type.is_signed)
-    return update(new VPEXPR(-(int64_t{1} << (bits - 1)), VPEXPR::EVAL_SIGNED),
-                  new VPEXPR((int64_t{1} << (bits - 1)) - 1, VPEXPR::EVAL_UNSIGNED));
-  return update(new VPEXPR(0, VPEXPR::EVAL_UNSIGNED),
-                new VPEXPR((int64_t{1} << bits) - 1, VPEXPR::EVAL_UNSIGNED));
+  static std::map<std::pair<int32_t, bool>, std::pair<const VPEXPR*, const VPEXPR*>> made;
+  auto [it, added] = made.try_emplace({type.bits, type.is_signed});
+  if (added) {
+    const int64_t bits = type.bits;
+    if (type.is_signed)
+      it->second = {new VPEXPR(-(int64_t{1} << (bits - 1)), VPEXPR::EVAL_SIGNED),
+                    new VPEXPR((int64_t{1} << (bits - 1)) - 1, VPEXPR::EVAL_UNSIGNED)};
+    else
+      it->second = {new VPEXPR(0, VPEXPR::EVAL_UNSIGNED),
+                    new VPEXPR((int64_t{1} << bits) - 1, VPEXPR::EVAL_UNSIGNED)};
+  }
+  return update(it->second.first, it->second.second);
 }
 
 void VAL_RANGE::print(std::ostream& out) const {
@@ -80,16 +89,19 @@ VAL_RANGES::VAL_RANGES(SSA::GRAPH& graph) : graph(graph) {
 void VAL_RANGES::initialize_ranges() {
   std::vector<SSA::NODE*> all;
   graph.get_all_nodes(all);
-  for (SSA::NODE* node : all) ranges.try_emplace(node, node);
+  ranges.reserve(all.size());
+  range_of_node.assign(graph.end_id() - graph.first_id(), UINT32_MAX);
+  for (SSA::NODE* node : all) {
+    range_of_node[node->id - graph.first_id()] = static_cast<uint32_t>(ranges.size());
+    ranges.emplace_back(node);
+  }
 }
 
 void VAL_RANGES::find_ranges() {
-  std::vector<SSA::NODE*> all;
-  graph.get_all_nodes(all);
   for (bool changed = true; changed;) {
     changed = false;
-    for (SSA::NODE* node : all)
-      if (find_range(ranges.at(node))) changed = true;
+    for (VAL_RANGE& range : ranges)
+      if (find_range(range)) changed = true;
   }
 }
 
@@ -99,12 +111,11 @@ bool VAL_RANGES::find_range(VAL_RANGE& range) {
   if (node->is_phi()) {
     bool changed = false;
     for (SSA::NODE* param : static_cast<SSA::PHI*>(node)->params)
-      if (range.merge_direct_input(ranges.at(param))) changed = true;
+      if (range.merge_direct_input(*get_range(param))) changed = true;
     return changed;
   }
-  std::vector<VAL_RANGE*> operands;
-  for (SSA::NODE* operand : node->operands)
-    operands.push_back(operand ? &ranges.at(operand) : nullptr);
+  operands.clear();
+  for (SSA::NODE* operand : node->operands) operands.push_back(operand ? get_range(operand) : nullptr);
   return node->instr->find_range(&range, operands);
 }
 
@@ -113,8 +124,9 @@ VAL_RANGE* VAL_RANGES::get_range(const TINSTR* instr, int32_t dst_index) {
 }
 
 VAL_RANGE* VAL_RANGES::get_range(const SSA::NODE* node) {
-  auto it = ranges.find(node);
-  return it == ranges.end() ? nullptr : &it->second;
+  if (!node || node->id < graph.first_id() || node->id >= graph.end_id()) return nullptr;
+  const uint32_t index = range_of_node[node->id - graph.first_id()];
+  return index < ranges.size() && ranges[index].get_node() == node ? &ranges[index] : nullptr;
 }
 
 VAL_RANGE* VAL_RANGES::get_operand_range(const TINSTR* instr, int32_t dst_index, size_t index) {

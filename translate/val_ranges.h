@@ -6,8 +6,8 @@
 #define ZLC_TRANSLATE_VAL_RANGES_H
 
 #include <cstdint>
-#include <map>
 #include <ostream>
+#include <vector>
 
 #include "ZELT_ZLC/vdata_type.h"
 #include "translate/ssa.h"
@@ -68,7 +68,9 @@ class VAL_RANGES {
   bool find_range(VAL_RANGE& range);
 
   SSA::GRAPH& graph;
-  std::map<const SSA::NODE*, VAL_RANGE, SSA::NODE_ORDER> ranges;
+  std::vector<VAL_RANGE> ranges;         // in the order of the graph's nodes
+  std::vector<uint32_t> range_of_node;   // by node id from the graph's first
+  std::vector<VAL_RANGE*> operands;      // of the node at hand
 };
 
 // The bound is a signed or unsigned constant.

@@ -3,10 +3,10 @@
 #ifndef ZLC_TESTS_UNIT_TRANSLATE_CORE_FIXTURE_H
 #define ZLC_TESTS_UNIT_TRANSLATE_CORE_FIXTURE_H
 
-#include <sstream>
 #include <string>
 
 #include "ZELT_ZLC/vcmd.h"
+#include "tests/unit/string_out.h"
 #include "tests/unit/zelt_instr_support.h"
 #include "translate/tcmd.h"
 #include "translate/tkernel.h"
@@ -37,12 +37,12 @@ class TRANSLATE_TEST : public INSTR_TEST {
   std::string translate() {
     tkernel->analyze_kernel();
     tkernel->translate_for_9k();
-    std::ostringstream text;
+    STRING_OUT text;
     for (TCMD* cmd : tkernel->tcmds) cmd->format(text);
     return unnumbered(text.str());
   }
   std::string init_text(bool update) {
-    std::ostringstream text;
+    STRING_OUT text;
     for (TCMD* cmd : tkernel->tcmds) cmd->tvals.format_init(text, update);
     return unnumbered(text.str());
   }

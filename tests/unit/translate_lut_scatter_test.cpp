@@ -2,10 +2,10 @@
 // tables, which loads carry their offsets, and the generated writes of both
 // kinds of table.
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
+#include "tests/unit/string_out.h"
 #include "tests/unit/translate_source_support.h"
 #include "translate/tcmd.h"
 #include "translate/tkernel.h"
@@ -24,12 +24,12 @@ class LutScatterTest : public testing::Test {
   // The loops of the translated vector loop, and the values of its init
   // function, with the run-wide loop number replaced by 0.
   static std::string loop_text() {
-    std::ostringstream text;
+    STRING_OUT text;
     tcmd()->format(text);
     return unnumbered(text.str());
   }
   static std::string init_text() {
-    std::ostringstream text;
+    STRING_OUT text;
     tcmd()->tvals.format_init(text, false);
     return unnumbered(text.str());
   }

@@ -2,11 +2,11 @@
 // of saturation bounds.
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 
 #include "ZELT_ZLC/vop.h"
 #include "ZELT_ZLC/vreg.h"
+#include "tests/unit/string_out.h"
 #include "translate/top.h"
 #include "translate/tround_sat.h"
 
@@ -28,7 +28,7 @@ std::string op_line(const std::string& name, VDATA_TYPE type = VDATA_TYPE::int32
   vop->src1 = reg("s1", type);
   vop->src2 = reg("s2", type);
   vop->src3 = reg("s3", type);
-  std::ostringstream out;
+  STRING_OUT out;
   TVOP(vop).format(out);
   return out.str();
 }

@@ -113,13 +113,13 @@ TEST_F(TRANSLATE_KERNEL, EnginesThenAddressGenerators) {
   ASSERT_TRUE(cmd->use_sa(acc[3], acc[3]->agen()));
   ASSERT_TRUE(cmd->use_sa(acc[4], acc[4]->agen()));
 
-  EXPECT_EQ(acc[1]->stream(), cmd->se_table.templates[1].get());
+  EXPECT_EQ(acc[1]->stream(), cmd->se_table.at(1));
   // Contiguous 16-byte steps fold the loop into the first dimension.
   EXPECT_EQ(dims(acc[0]->stream()), "[2,((8) * (n))][0,1][0,1][0,1][0,1][0,1]");
-  EXPECT_EQ(acc[2]->stream(), cmd->sa_table.templates[0].get());
+  EXPECT_EQ(acc[2]->stream(), cmd->sa_table.at(0));
   EXPECT_EQ(acc[2]->stream()->kind, 2);
   // Two stores of one pattern share a generator; the load's has another kind.
-  EXPECT_EQ(acc[3]->stream(), cmd->sa_table.templates[1].get());
+  EXPECT_EQ(acc[3]->stream(), cmd->sa_table.at(1));
   EXPECT_EQ(acc[4]->stream(), acc[3]->stream());
   EXPECT_EQ(acc[0]->agen(), nullptr);
 

@@ -65,8 +65,8 @@ TEST_F(StreamTextTest, ConfigurationsKeepTheWrittenFormAndShareSlotsByIt) {
     for (TINSTR* instr : block->instrs)
       if (instr->is_tvstore()) streams.push_back(instr->stream());
   ASSERT_EQ(streams.size(), 3u);
-  EXPECT_EQ(streams[0], cmd->sa_table.templates[0].get());
-  EXPECT_EQ(streams[1], cmd->sa_table.templates[1].get());
+  EXPECT_EQ(streams[0], cmd->sa_table.at(0));
+  EXPECT_EQ(streams[1], cmd->sa_table.at(1));
   EXPECT_EQ(streams[2], streams[0]);
 }
 

@@ -33,7 +33,7 @@ TEST_F(ReviewB, OperandsShareValuesByTypeAndText) {
   EXPECT_EQ(a.tval, b.tval);
   EXPECT_NE(a.tval, c.tval);
   EXPECT_EQ(c.ref(true), "__p1");
-  EXPECT_EQ(a.tval->assignment.str(), "tvals->loop" + std::to_string(cmd.id) + ".tvals[0].p0 = n / 2;");
+  EXPECT_EQ(a.tval->assignment, "tvals->loop" + std::to_string(cmd.id) + ".tvals[0].p0 = n / 2;");
 
   TEXPR bare(cmd, "uint32_t", sym("n"));
   EXPECT_EQ(bare.parm, n);

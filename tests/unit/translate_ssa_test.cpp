@@ -1,12 +1,13 @@
-// The single assignment graph on hand-built block graphs: dominators,
-// immediate dominators, frontiers, phi placement and renaming for a
-// diamond, a loop and a loop nest.
+// Dominance and the single assignment graph on hand-built block graphs:
+// dominators, immediate dominators, frontiers, phi placement and renaming
+// for a diamond, a loop and a loop nest.
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "ZELT_ZLC/vpexpr.h"
 #include "tests/unit/translate_core_fixture.h"
+#include "translate/dominance.h"
 #include "translate/ssa.h"
 #include "translate/texpr.h"
 #include "translate/tmem.h"
@@ -39,16 +40,23 @@ class SsaTest : public TRANSLATE_TEST {
     block->add_tinstr_back(copy);
     return copy;
   }
-  // The ids of a set of blocks, for comparison.
-  static std::vector<int32_t> ids(const SSA::BLOCK_SET& set) {
+  // The ids of the blocks at `places`, and of `list`, for comparison.
+  static std::vector<int32_t> ids(const DOMINANCE& d, const std::vector<uint32_t>& places) {
     std::vector<int32_t> found;
-    for (const BBLOCK* block : set) found.push_back(block->id);
+    for (uint32_t place : places) found.push_back(d.block(place)->id);
     return found;
   }
   static std::vector<int32_t> ids(std::initializer_list<BBLOCK*> list) {
     std::vector<int32_t> found;
     for (const BBLOCK* block : list) found.push_back(block->id);
     return found;
+  }
+  // The ids of the dominators of the block at `place`.
+  static std::vector<int32_t> dominators(const DOMINANCE& d, uint32_t place) {
+    std::vector<uint32_t> places;
+    for (uint32_t i = 0; i < d.size(); ++i)
+      if (d.dominates(i, place)) places.push_back(i);
+    return ids(d, places);
   }
 
   TCMD* cmd = nullptr;
@@ -62,17 +70,16 @@ TEST_F(SsaTest, DiamondMeetsInAPhi) {
   b[1]->add_edge(b[3]);
   b[2]->add_edge(b[3]);
 
-  SSA::BLOCK_SETS doms = SSA::GRAPH::compute_doms(b);
-  EXPECT_EQ(ids(doms[b[3]]), ids({b[0], b[3]}));
-  EXPECT_EQ(ids(doms[b[1]]), ids({b[0], b[1]}));
-  SSA::IDOMS idoms = SSA::GRAPH::compute_idoms(b, doms);
-  EXPECT_EQ(idoms.count(b[0]), 0u);
-  for (int i = 1; i < 4; ++i) EXPECT_EQ(idoms[b[i]], b[0]);
-  SSA::BLOCK_SETS frontiers = SSA::GRAPH::compute_dom_frontiers(b, idoms);
-  EXPECT_EQ(ids(frontiers[b[1]]), ids({b[3]}));
-  EXPECT_EQ(ids(frontiers[b[2]]), ids({b[3]}));
-  EXPECT_TRUE(frontiers[b[0]].empty());
-  EXPECT_TRUE(frontiers[b[3]].empty());
+  const DOMINANCE d(b);
+  EXPECT_EQ(dominators(d, 3), ids({b[0], b[3]}));
+  EXPECT_EQ(dominators(d, 1), ids({b[0], b[1]}));
+  EXPECT_EQ(d.idom(0), DOMINANCE::none);
+  for (uint32_t i = 1; i < 4; ++i) EXPECT_EQ(d.idom(i), 0u);
+  EXPECT_EQ(ids(d, d.children(0)), ids({b[1], b[2], b[3]}));
+  EXPECT_EQ(ids(d, d.frontier(1)), ids({b[3]}));
+  EXPECT_EQ(ids(d, d.frontier(2)), ids({b[3]}));
+  EXPECT_TRUE(d.frontier(0).empty());
+  EXPECT_TRUE(d.frontier(3).empty());
 
   VREG* x = reg("x");
   VREG* y = reg("y");
@@ -82,13 +89,13 @@ TEST_F(SsaTest, DiamondMeetsInAPhi) {
   const uint32_t first = SSA::NODE::id_counter;
   SSA::GRAPH graph(cmd);
 
-  ASSERT_EQ(graph.phis.size(), 1u);
-  ASSERT_EQ(graph.phis[b[3]].count(x), 1u);
-  SSA::PHI* phi = graph.phis[b[3]][x].get();
+  ASSERT_EQ(graph.blocks_with_phis(), 1u);
+  SSA::PHI* phi = graph.phi(b[3], x);
+  ASSERT_NE(phi, nullptr);
   SSA::NODE_SET expected{graph.get_node(left, 0), graph.get_node(right, 0)};
   EXPECT_EQ(phi->get_phi_params(), expected);
   EXPECT_EQ(graph.get_node(read, 0)->get_operands(), std::vector<SSA::NODE*>{phi});
-  EXPECT_TRUE(graph.undefined.empty());
+  EXPECT_EQ(graph.undefined_count(), 0u);
 
   // x's phi is placed twice, once from each side; the second one stays.
   std::ostringstream dump;
@@ -116,14 +123,13 @@ TEST_F(SsaTest, LoopHeadMergesEntryAndBackEdge) {
   b[2]->add_edge(b[1]);
   b[2]->add_edge(b[3]);
 
-  SSA::IDOMS idoms = SSA::GRAPH::compute_idoms(b, SSA::GRAPH::compute_doms(b));
-  EXPECT_EQ(idoms[b[1]], b[0]);
-  EXPECT_EQ(idoms[b[2]], b[1]);
-  EXPECT_EQ(idoms[b[3]], b[2]);
-  SSA::BLOCK_SETS frontiers = SSA::GRAPH::compute_dom_frontiers(b, idoms);
-  EXPECT_EQ(ids(frontiers[b[1]]), ids({b[1]}));
-  EXPECT_EQ(ids(frontiers[b[2]]), ids({b[1]}));
-  EXPECT_TRUE(frontiers[b[3]].empty());
+  const DOMINANCE d(b);
+  EXPECT_EQ(d.idom(1), 0u);
+  EXPECT_EQ(d.idom(2), 1u);
+  EXPECT_EQ(d.idom(3), 2u);
+  EXPECT_EQ(ids(d, d.frontier(1)), ids({b[1]}));
+  EXPECT_EQ(ids(d, d.frontier(2)), ids({b[1]}));
+  EXPECT_TRUE(d.frontier(3).empty());
 
   VREG* x = reg("x");
   VREG* y = reg("y");
@@ -135,13 +141,13 @@ TEST_F(SsaTest, LoopHeadMergesEntryAndBackEdge) {
   b[3]->add_tinstr_back(store);
   SSA::GRAPH graph(cmd);
 
-  SSA::PHI* phi = graph.phis[b[1]][x].get();
+  SSA::PHI* phi = graph.phi(b[1], x);
   ASSERT_NE(phi, nullptr);
   EXPECT_EQ(phi->get_phi_params(),
             (SSA::NODE_SET{graph.get_node(before, 0), graph.get_node(after, 0)}));
   EXPECT_EQ(graph.get_node(top, 0)->get_operands()[0], phi);
   // y is set only in the body: its phi has the back edge's value alone.
-  SSA::PHI* y_phi = graph.phis[b[1]][y].get();
+  SSA::PHI* y_phi = graph.phi(b[1], y);
   ASSERT_NE(y_phi, nullptr);
   EXPECT_EQ(y_phi->get_phi_params(), SSA::NODE_SET{graph.get_node(top, 0)});
   // A store has no destination; its node answers to -1.
@@ -159,15 +165,14 @@ TEST_F(SsaTest, LoopNestPlacesPhisAtBothHeads) {
   b[4]->add_edge(b[3]);
   b[5]->add_edge(b[1]);
 
-  SSA::IDOMS idoms = SSA::GRAPH::compute_idoms(b, SSA::GRAPH::compute_doms(b));
-  for (int i = 1; i < 7; ++i) EXPECT_EQ(idoms[b[i]], b[i - 1]);
-  SSA::BLOCK_SETS frontiers = SSA::GRAPH::compute_dom_frontiers(b, idoms);
-  EXPECT_EQ(ids(frontiers[b[1]]), ids({b[1]}));
-  EXPECT_EQ(ids(frontiers[b[2]]), ids({b[1]}));
-  EXPECT_EQ(ids(frontiers[b[3]]), ids({b[1], b[3]}));
-  EXPECT_EQ(ids(frontiers[b[4]]), ids({b[1], b[3]}));
-  EXPECT_EQ(ids(frontiers[b[5]]), ids({b[1]}));
-  EXPECT_TRUE(frontiers[b[6]].empty());
+  const DOMINANCE d(b);
+  for (uint32_t i = 1; i < 7; ++i) EXPECT_EQ(d.idom(i), i - 1);
+  EXPECT_EQ(ids(d, d.frontier(1)), ids({b[1]}));
+  EXPECT_EQ(ids(d, d.frontier(2)), ids({b[1]}));
+  EXPECT_EQ(ids(d, d.frontier(3)), ids({b[1], b[3]}));
+  EXPECT_EQ(ids(d, d.frontier(4)), ids({b[1], b[3]}));
+  EXPECT_EQ(ids(d, d.frontier(5)), ids({b[1]}));
+  EXPECT_TRUE(d.frontier(6).empty());
 
   VREG* x = reg("x");
   VREG* y = reg("y");
@@ -175,11 +180,11 @@ TEST_F(SsaTest, LoopNestPlacesPhisAtBothHeads) {
   TVINIT* inner = set(b[4], x, 7);
   SSA::GRAPH graph(cmd);
 
-  SSA::PHI* outer_phi = graph.phis[b[1]][x].get();
-  SSA::PHI* inner_phi = graph.phis[b[3]][x].get();
+  SSA::PHI* outer_phi = graph.phi(b[1], x);
+  SSA::PHI* inner_phi = graph.phi(b[3], x);
   ASSERT_NE(outer_phi, nullptr);
   ASSERT_NE(inner_phi, nullptr);
-  EXPECT_EQ(graph.phis.count(b[5]), 0u);
+  EXPECT_EQ(graph.blocks_with_phis(), 2u);
   // Nothing sets x before the nest: the outer head sees only the value that
   // comes round from the inner body, the inner head also the outer phi.
   EXPECT_EQ(outer_phi->get_phi_params(), SSA::NODE_SET{graph.get_node(inner, 0)});
@@ -203,9 +208,10 @@ TEST_F(SsaTest, ReadBeforeWriteIsUndefined) {
   TVMOVE* first = move(b[0], y, x);
   TVMOVE* second = move(b[0], y, x);
   SSA::GRAPH graph(cmd);
-  EXPECT_TRUE(graph.phis.empty());
-  ASSERT_EQ(graph.undefined.size(), 1u);
-  SSA::NODE* undefined = &graph.undefined.at(x);
+  EXPECT_EQ(graph.blocks_with_phis(), 0u);
+  ASSERT_EQ(graph.undefined_count(), 1u);
+  SSA::NODE* undefined = graph.undefined(x);
+  ASSERT_NE(undefined, nullptr);
   EXPECT_TRUE(undefined->is_undefined());
   EXPECT_EQ(graph.get_node(first, 0)->get_operands()[0], undefined);
   EXPECT_EQ(graph.get_node(second, 0)->get_operands()[0], undefined);

@@ -6,6 +6,7 @@
 #include "ZELT_ZLC/vpexpr.h"
 #include "ZELT_ZLC/vstore.h"
 #include "options/register_option.h"
+#include "tests/unit/string_out.h"
 #include "tests/unit/translate_core_fixture.h"
 #include "translate/lht.h"
 #include "translate/ssa.h"
@@ -64,7 +65,7 @@ class TableTest : public TRANSLATE_TEST {
     return lht;
   }
   std::string text(const TINSTR& instr) {
-    std::ostringstream line;
+    STRING_OUT line;
     instr.format(line);
     return line.str();
   }
@@ -158,7 +159,7 @@ TEST_F(TableTest, ScatterThroughAStreamAddressesItsPointer) {
   store.scatter = p;
   store.offset = new TEXPR(*cmd(), "int32_t", num(0));
   store.lht_ = table(LHT_TEMPLATE::SCATTER, VDATA_TYPE::int16, 8, 1);
-  SA_TEMPLATE* sa = cmd()->sa_table.templates[0].get();
+  SA_TEMPLATE* sa = cmd()->sa_table.at(0);
   store.use_stream(sa);
   sa->advance_instr = &store;
   EXPECT_EQ(text(store), std::string(scatter_name) +

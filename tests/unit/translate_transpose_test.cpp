@@ -62,6 +62,17 @@ TEST(Transpose, TwoReadsALoopTakenByName) {
   EXPECT_EQ(stores_of(0)[0]->dist, VSTORE::OFFSET_NP1);
 }
 
+// A group refused for the reads of its later loop takes nothing in the
+// loop of its writes: c's generator leaves room there for both d and e.
+TEST(Transpose, ARefusedGroupTakesNoStream) {
+  ASSERT_EQ(translate_source(kernel_of({{"a", 1}, {"b", 1}, {"c", 1}, {"d", 2}, {"e", 2}}, true)),
+            "");
+  const std::vector<VSTORE*> writes = stores_of(0);
+  const VSTORE::VDIST expected[] = {VSTORE::TRANSPOSE, VSTORE::TRANSPOSE, VSTORE::OFFSET_NP1,
+                                   VSTORE::TRANSPOSE, VSTORE::TRANSPOSE};
+  for (size_t n = 0; n < 5; ++n) EXPECT_EQ(writes[n]->dist, expected[n]) << n;
+}
+
 // A tile holds w rows of w + 1 words: 288 bytes with 8 lanes, 1088 with 16.
 TEST(Transpose, TilesOfConstantOffsetsFollowTheWidth) {
   const char* const source =

@@ -5,13 +5,13 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 
 #include "DIAG/diag.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vpexpr.h"
+#include "tests/unit/string_out.h"
 
 class INSTR_TEST : public testing::Test {
  protected:
@@ -101,8 +101,8 @@ class INSTR_TEST : public testing::Test {
     return v()->curr_instr;
   }
 
-  std::ostringstream out;
-  std::ostringstream header;
+  STRING_OUT out;
+  STRING_OUT header;
   VKERNEL* kernel = nullptr;
   bool captured = false;
 };

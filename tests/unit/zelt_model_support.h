@@ -5,13 +5,13 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 
 #include "DIAG/diag.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vkernel.h"
 #include "ZELT_ZLC/vpexpr.h"
+#include "tests/unit/string_out.h"
 
 inline const DIAG_SRCINFO_DATA at_line(unsigned line) { return DIAG_SRCINFO_DATA("k.zc", line); }
 
@@ -70,8 +70,8 @@ class MODEL_TEST : public testing::Test {
     return instr;
   }
 
-  std::ostringstream out;
-  std::ostringstream header;
+  STRING_OUT out;
+  STRING_OUT header;
   VKERNEL* kernel = nullptr;
   bool captured = false;
 };

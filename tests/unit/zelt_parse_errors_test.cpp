@@ -108,4 +108,19 @@ TEST(ZeltParseErrors, UnknownDistributionAndMethod) {
             "\"k.zc\", line 4: error: method doesn't exist\n");
 }
 
+// Errors among the binary operators of an expression, at several levels of
+// precedence: an operator without its right operand, an unclosed
+// parenthesis, a condition without its ':' and an operand too many.
+TEST(ZeltParseErrors, InsideBinaryExpressions) {
+  auto err = [](const std::string& init) {
+    return parse_text("void k(int n) { __vector a; a = " + init + "; }").err;
+  };
+  EXPECT_EQ(err("n +"), "\"k.zc\", line 1: error: syntax error near ';'\n");
+  EXPECT_EQ(err("n * 2 <<"), "\"k.zc\", line 1: error: syntax error near ';'\n");
+  EXPECT_EQ(err("n == 1 ||"), "\"k.zc\", line 1: error: syntax error near ';'\n");
+  EXPECT_EQ(err("(n + 1"), "\"k.zc\", line 1: error: syntax error near ';' - expected ')'\n");
+  EXPECT_EQ(err("n ? 1"), "\"k.zc\", line 1: error: syntax error near ';' - expected ':'\n");
+  EXPECT_EQ(err("n & 1 2"), "\"k.zc\", line 1: error: syntax error near '2' - expected ';'\n");
+}
+
 }  // namespace

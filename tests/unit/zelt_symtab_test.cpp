@@ -1,11 +1,11 @@
 // Symbol tables, kernel parameters and their printed forms.
-#include <sstream>
 
 #include <gtest/gtest.h>
 
 #include "ZELT_ZLC/parm.h"
 #include "ZELT_ZLC/symtab.h"
 #include "ZELT_ZLC/vdata_type.h"
+#include "tests/unit/string_out.h"
 
 namespace {
 
@@ -85,7 +85,7 @@ TEST(ParmTableTest, DeclarationsAndArguments) {
   t.new_parm(here, "m", PARM::QF_UPDATE | PARM::QF_TSCRATCH, "int", "[3][2]");
   EXPECT_TRUE(t.has_update_parms());
 
-  std::ostringstream plain, block, update, cpp;
+  STRING_OUT plain, block, update, cpp;
   t.format_declarations("__pblock_k", plain, false, false, false);
   EXPECT_EQ(plain.str(), "(\n   __vptr_uint8 in,\n   int n,\n   int (*m)[2])");
   t.format_declarations("__pblock_k", block, false, true, false);
@@ -103,7 +103,7 @@ TEST(ParmTableTest, DeclarationsAndArguments) {
 TEST(ParmTableTest, EmptyTableStillWritesSeparators) {
   PARM_TABLE t;
   EXPECT_FALSE(t.has_update_parms());
-  std::ostringstream out;
+  STRING_OUT out;
   t.format_declarations("__pblock_k", out, false, true, false);
   EXPECT_EQ(out.str(), "(,\n   unsigned short pblock[])");
   EXPECT_EQ(t.format_args("pblock"), "(, pblock)");

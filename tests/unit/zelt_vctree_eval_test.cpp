@@ -2,16 +2,16 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
-#include <sstream>
 
 #include "ZELT_ZLC/driver.h"
 #include "ZELT_ZLC/vctree.h"
 #include "ZELT_ZLC/vkernel.h"
+#include "tests/unit/string_out.h"
 #include "zeltParser.h"
 
 namespace {
 
-// Trees made directly with the runtime's adaptor, as the parser makes them.
+// Trees made directly in an arena, as the parser's actions make them.
 class ZeltVctreeTrees : public testing::Test {
  protected:
   void SetUp() override {
@@ -21,23 +21,20 @@ class ZeltVctreeTrees : public testing::Test {
     kernel->new_parm(srcloc_internal, "q", 0, "__vptr_uint8", "");
     kernel->new_parm(srcloc_internal, "n", 0, "int", "");
   }
-  void TearDown() override { adaptor->free(adaptor); }
 
-  pANTLR3_BASE_TREE node(ANTLR3_UINT32 type, const char* text,
-                         std::initializer_list<pANTLR3_BASE_TREE> children = {}) {
-    auto* tree = static_cast<pANTLR3_BASE_TREE>(adaptor->createTypeText(
-        adaptor, type, reinterpret_cast<pANTLR3_UINT8>(const_cast<char*>(text))));
-    for (pANTLR3_BASE_TREE c : children) adaptor->addChild(adaptor, tree, c);
+  EXPR_TREE* node(ANTLR3_UINT32 type, const char* text,
+                  std::initializer_list<EXPR_TREE*> children = {}) {
+    EXPR_TREE* tree = trees.imaginary(type, text);
+    for (EXPR_TREE* c : children) trees.add_child(tree, c);
     return tree;
   }
-  pANTLR3_BASE_TREE id(const char* name) { return node(IDENTIFIER, name); }
-  pANTLR3_BASE_TREE lit(const char* text) { return node(INT_LITERAL, text); }
-  pANTLR3_BASE_TREE pexpr(pANTLR3_BASE_TREE body) { return node(PEXPR, "PEXPR", {body}); }
+  EXPR_TREE* id(const char* name) { return node(IDENTIFIER, name); }
+  EXPR_TREE* lit(const char* text) { return node(INT_LITERAL, text); }
+  EXPR_TREE* pexpr(EXPR_TREE* body) { return node(PEXPR, "PEXPR", {body}); }
 
-  std::stringstream out, header;
+  STRING_OUT out, header;
   VKERNEL* kernel = nullptr;
-  pANTLR3_STRING_FACTORY strings = antlr3StringFactoryNew(ANTLR3_ENC_8BIT);
-  pANTLR3_BASE_TREE_ADAPTOR adaptor = ANTLR3_TREE_ADAPTORNew(strings);
+  EXPR_TREES trees;
 };
 
 struct LITERAL {
@@ -106,12 +103,12 @@ TEST_F(ZeltVctreeTrees, NamesParametersAndWidth) {
   EXPECT_EQ(width->eval_type, VPEXPR::EVAL_UNSIGNED);
   EXPECT_TRUE(width->uses_width);
 
-  pANTLR3_BASE_TREE p = id("p");
+  EXPR_TREE* p = id("p");
   VPEXPR* sym = build_pexpr(pexpr(node(PLUS, "+", {p, node(PLUS, "+", {id("n"), id("i")})})), "");
   EXPECT_EQ(sym->eval_type, VPEXPR::EVAL_SYMBOLIC);
   ASSERT_EQ(sym->parm_refs.size(), 2u);
   EXPECT_EQ((*sym->parm_refs.begin())->name, "p");
-  EXPECT_EQ(p->getType(p), static_cast<ANTLR3_UINT32>(VPTR));
+  EXPECT_EQ(p->type, static_cast<ANTLR3_UINT32>(VPTR));
 
   VPEXPR* size = build_pexpr(pexpr(node(SIZEOF, "sizeof", {node(UMULT, "*", {id("p")})})), "");
   EXPECT_EQ(size->value, 2u);
@@ -119,7 +116,7 @@ TEST_F(ZeltVctreeTrees, NamesParametersAndWidth) {
   VPEXPR* size2 = build_pexpr(
       pexpr(node(SIZEOF, "sizeof", {node(UMULT, "*", {node(UMULT, "*", {id("q")})})})), "");
   EXPECT_EQ(size2->value, 1u);
-  for (pANTLR3_BASE_TREE operand : {node(UMULT, "*", {id("n")}), id("p"), node(UMULT, "*", {id("zz")})}) {
+  for (EXPR_TREE* operand : {node(UMULT, "*", {id("n")}), id("p"), node(UMULT, "*", {id("zz")})}) {
     VPEXPR* bad = build_pexpr(pexpr(node(SIZEOF, "sizeof", {operand})), "");
     EXPECT_EQ(bad->eval_type, VPEXPR::EVAL_SYMBOLIC);
     EXPECT_EQ(bad->value, 1u);
@@ -147,7 +144,7 @@ TEST_F(ZeltVctreeTrees, PrintedFormsFollowPrecedence) {
             "c?1:(<unknown node: :>)");
   EXPECT_EQ(tostring(node(PLUS, "+", {node(INT_TYPE, "int", {id("n")}), lit("1")})),
             "(<unknown node: int>)+1");
-  EXPECT_EQ(tostring(static_cast<pANTLR3_BASE_TREE>(adaptor->nilNode(adaptor))), "nil");
+  EXPECT_EQ(tostring(trees.nil()), "nil");
 }
 
 TEST_F(ZeltVctreeTrees, PrecedenceTable) {
