@@ -2,7 +2,9 @@
 # Deep nesting.  Trip counts nested about a thousand times deeper than real
 # kernels (3,200 parentheses, 50,000 unary minuses, a sum of 200,000 terms)
 # translate exactly like the plain count they evaluate to, with the text of
-# the expression where the plain one shows its text.  Nesting past the
+# the expression where the plain one shows its text; so does a load whose
+# pointer offset is such a sum, and a generator formula of 3,200 terms
+# translates like its last term.  Nesting past the
 # translator's stack ends with the internal-error report and status 2, and
 # the output holds everything written before.
 #   deep_nesting.sh ZLC9K
@@ -56,6 +58,33 @@ for name in parens minus sum; do
   kernel k "$name.e" > "$name.k"
   check_deep "$name"
 done
+
+# A load whose pointer offset is a sum of 200,000 terms prints the offset as
+# one expression, and a generator formula of 3,200 terms of one loop keeps
+# the last term's stride, as the single term does.
+offset_kernel() {  # name, offset expression, generator formula
+  printf 'void k(__vptr_int16 a, int n)\n{\n   for (int i = 0; i < n; i++) {\n      __vector v;\n'
+  printf '      __agen A = %s;\n      v = (a + (%s))[A].npt();\n' "$3" "$2"
+  printf '      a[A].npt() = v;\n   }\n}\n'
+}
+check_same() {  # name, reference: a clean run whose output equals the reference's
+  zlc9k "$1.k" "$1.c" > "$1.log" 2>&1
+  local status=$?
+  if [ "$status" != 0 ] || [ -s "$1.log" ]; then
+    echo "$1: status $status"; head -5 "$1.log"; fail=1; return
+  fi
+  cmp -s "$1.c" "$2" || { echo "$1: differs from the plain translation"; fail=1; }
+}
+offset_kernel plain_offset '4 + 0' 'i * 2' > plain_offset.k
+zlc9k plain_offset.k plain_offset.c || { echo "plain offset kernel failed"; exit 1; }
+offset_kernel offset_sum "4$(perl -e 'print "\n + 0" x 200000')" 'i * 2' > offset_sum.k
+zlc9k offset_sum.k offset_sum.raw > offset_sum.log 2>&1
+perl -0777 -pe 'my $sum = "(4" . ("+0" x 200000) . ")"; s/\Q$sum\E/(4+0)/g' offset_sum.raw \
+  > offset_sum.c
+cmp -s offset_sum.c plain_offset.c && [ ! -s offset_sum.log ] ||
+  { echo "offset_sum: differs from the plain translation"; head -5 offset_sum.log; fail=1; }
+offset_kernel formula '4 + 0' "$(perl -e 'print join("\n + ", ("i * 2") x 3200)')" > formula.k
+check_same formula plain_offset.c
 
 # Past the limit: the first kernel is written out whole before the second
 # overflows the stack.
