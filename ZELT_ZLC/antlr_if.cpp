@@ -91,6 +91,7 @@ ANTLR_INTERFACE::ANTLR_INTERFACE(std::string& text, const char* file_name) : sou
   parser = zeltParserNew(token_stream);
   check_setup(parser);
   parser->trees = &trees;
+  parser->tokens = tokens.get();
 
   lexer->ai = this;
   pANTLR3_BASE_RECOGNIZER lexer_rec = lexer->pLexer->rec;

@@ -271,12 +271,7 @@ void TOKEN_BUFFER::consume(pANTLR3_INT_STREAM is) {
 }
 
 ANTLR3_UINT32 TOKEN_BUFFER::la(pANTLR3_INT_STREAM is, ANTLR3_INT32 i) {
-  TOKEN_BUFFER& self = of(is);
-  if (i == 0) return ANTLR3_TOKEN_INVALID;
-  const int64_t position = i < 0 ? self.p + i : self.p + i - 1;
-  if (position < 0) return ANTLR3_TOKEN_INVALID;
-  if (position >= static_cast<int64_t>(self.entries.size())) return ANTLR3_TOKEN_EOF;
-  return self.entries[static_cast<size_t>(position)].type;
+  return of(is).look_ahead(i);
 }
 
 ANTLR3_MARKER TOKEN_BUFFER::mark(pANTLR3_INT_STREAM is) {

@@ -39,6 +39,22 @@ class TOKEN_BUFFER {
   // The characters of a token made by the lexer, without a runtime string.
   static std::string_view chars(pANTLR3_COMMON_TOKEN token);
 
+  // The parser's look-ahead without the calls through the stream: the type
+  // of the token i ahead (i < 0: behind), as the stream's LA answers.
+  ANTLR3_UINT32 look_ahead(ANTLR3_INT32 i) {
+    if (!lexed) lex_all();
+    if (i == 0) return ANTLR3_TOKEN_INVALID;
+    const int64_t position = i < 0 ? p + i : p + i - 1;
+    if (position < 0) return ANTLR3_TOKEN_INVALID;
+    if (position >= static_cast<int64_t>(entries.size())) return ANTLR3_TOKEN_EOF;
+    return entries[static_cast<size_t>(position)].type;
+  }
+  // The token k ahead, as the stream's LT answers.
+  pANTLR3_COMMON_TOKEN look_token(ANTLR3_INT32 k) {
+    if (!lexed) lex_all();
+    return lt(k);
+  }
+
  private:
   // A token of the default channel: offsets of its first and last character
   // in the text, its position, its type and the index of its input stream.

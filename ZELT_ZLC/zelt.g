@@ -18,6 +18,7 @@ options {
 
 @parser::context {
   EXPR_TREES* trees;  // the nodes of the current statement's expressions
+  TOKEN_BUFFER* tokens;  // the tokens that the parser's stream serves
 }
 
 @parser::includes {
@@ -38,6 +39,12 @@ options {
 // The arena of expression trees, and the text of a rule from its tokens.
 #define TREES (*ctx->trees)
 #define RULE_TEXT(start, stop) antlr_text(RECOGNIZER, start, stop)
+// The look-ahead of the rules and decisions asks the token buffer directly,
+// not through the functions of the stream.
+#undef LA
+#define LA(n) ctx->tokens->look_ahead(n)
+#undef LT
+#define LT(n) ctx->tokens->look_token(n)
 
 // The level of a binary operator, from 1 for the logical or to 10 for the
 // multiplying operators; 0 for any other token.
