@@ -24,6 +24,7 @@ options {
 @parser::includes {
 #include "ZELT_ZLC/antlr_if.h"
 #include "ZELT_ZLC/expr_tree.h"
+#include "ZELT_ZLC/follow_stack.h"
 #include "ZELT_ZLC/kernel_objects.h"
 #include "ZELT_ZLC/driver.h"
 #include "ZELT_ZLC/text_out.h"
@@ -45,6 +46,11 @@ options {
 #define LA(n) ctx->tokens->look_ahead(n)
 #undef LT
 #define LT(n) ctx->tokens->look_token(n)
+// So do the pushes and pops of the follow stack around every rule call.
+#undef FOLLOWPUSH
+#define FOLLOWPUSH(x) follow_push(FOLLOWSTACK, (void*)&(x))
+#undef FOLLOWPOP
+#define FOLLOWPOP() follow_pop(FOLLOWSTACK)
 
 // The level of a binary operator, from 1 for the logical or to 10 for the
 // multiplying operators; 0 for any other token.
