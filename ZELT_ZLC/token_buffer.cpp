@@ -151,39 +151,35 @@ uint32_t TOKEN_BUFFER::stream_index(pANTLR3_INPUT_STREAM input) {
 // ---------------------------------------------------------------------------
 // Token objects.
 
-pANTLR3_COMMON_TOKEN TOKEN_BUFFER::token_at(int64_t position) {
-  const auto at = static_cast<size_t>(position);
-  const size_t number = at >> made_bits;
+pANTLR3_COMMON_TOKEN TOKEN_BUFFER::make_chunk(size_t number) {
   const size_t size = size_t{1} << made_bits;
   if (number >= made.size()) made.resize(number + 1);
   std::unique_ptr<ANTLR3_COMMON_TOKEN[]>& tokens = made[number];
-  if (!tokens) {
-    // A released chunk already carries the prototype's functions; a new
-    // one gets them once.
-    if (spare.empty()) {
-      tokens.reset(new ANTLR3_COMMON_TOKEN[size]);
-      std::fill_n(tokens.get(), size, prototype);
-    } else {
-      tokens = std::move(spare.back());
-      spare.pop_back();
-    }
-    const ANTLR3_MARKER base = base_of(source);
-    const size_t first = number << made_bits;
-    for (size_t i = 0; i < size && first + i < entries.size(); ++i) {
-      const ENTRY& e = entries[first + i];
-      ANTLR3_COMMON_TOKEN& token = tokens[i];
-      token.type = e.type;
-      token.line = e.line;
-      token.charPosition = e.column;
-      token.input = streams[e.stream];
-      token.index = static_cast<ANTLR3_MARKER>(first + i);
-      token.start = base + e.start;
-      token.stop = base + e.stop;
-      token.textState = ANTLR3_TEXT_NONE;
-      token.tokText.chars = nullptr;
-    }
+  // A released chunk already carries the prototype's functions; a new one
+  // gets them once.
+  if (spare.empty()) {
+    tokens.reset(new ANTLR3_COMMON_TOKEN[size]);
+    std::fill_n(tokens.get(), size, prototype);
+  } else {
+    tokens = std::move(spare.back());
+    spare.pop_back();
   }
-  return &tokens[at & (size - 1)];
+  const ANTLR3_MARKER base = base_of(source);
+  const size_t first = number << made_bits;
+  for (size_t i = 0; i < size && first + i < entries.size(); ++i) {
+    const ENTRY& e = entries[first + i];
+    ANTLR3_COMMON_TOKEN& token = tokens[i];
+    token.type = e.type;
+    token.line = e.line;
+    token.charPosition = e.column;
+    token.input = streams[e.stream];
+    token.index = static_cast<ANTLR3_MARKER>(first + i);
+    token.start = base + e.start;
+    token.stop = base + e.stop;
+    token.textState = ANTLR3_TEXT_NONE;
+    token.tokText.chars = nullptr;
+  }
+  return tokens.get();
 }
 
 pANTLR3_COMMON_TOKEN TOKEN_BUFFER::lt(ANTLR3_INT32 k) {

@@ -98,7 +98,16 @@ class TOKEN_BUFFER {
   static void advance(pANTLR3_INPUT_STREAM input, size_t count);
   void record(pANTLR3_COMMON_TOKEN token, pANTLR3_INPUT_STREAM input);
   uint32_t stream_index(pANTLR3_INPUT_STREAM input);
-  pANTLR3_COMMON_TOKEN token_at(int64_t position);
+  // The token object of an entry; its chunk is made on first use.
+  pANTLR3_COMMON_TOKEN token_at(int64_t position) {
+    const auto at = static_cast<size_t>(position);
+    const size_t number = at >> made_bits;
+    ANTLR3_COMMON_TOKEN* tokens = number < made.size() ? made[number].get() : nullptr;
+    if (!tokens) tokens = make_chunk(number);
+    return &tokens[at & ((size_t{1} << made_bits) - 1)];
+  }
+  // Makes the token objects of chunk `number` and returns them.
+  pANTLR3_COMMON_TOKEN make_chunk(size_t number);
   pANTLR3_COMMON_TOKEN lt(ANTLR3_INT32 k);
   std::string text(uint32_t first, uint32_t last) const;
   pANTLR3_STRING runtime_string(const std::string& text) const;
