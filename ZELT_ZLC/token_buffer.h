@@ -54,6 +54,19 @@ class TOKEN_BUFFER {
     if (!lexed) lex_all();
     return lt(k);
   }
+  // The parser's match of the token it expects, as match() answers: the
+  // current token, consumed when it is of `type`.
+  void* match_token(pANTLR3_BASE_RECOGNIZER parser, ANTLR3_UINT32 type,
+                    pANTLR3_BITSET_LIST follow) {
+    if (!lexed) lex_all();
+    const auto at = static_cast<size_t>(p);
+    if (at >= entries.size() || entries[at].type != type) return match(parser, type, follow);
+    pANTLR3_COMMON_TOKEN token = token_at(p);
+    ++p;
+    parser->state->errorRecovery = ANTLR3_FALSE;
+    parser->state->failed = ANTLR3_FALSE;
+    return token;
+  }
 
  private:
   // A token of the default channel: offsets of its first and last character

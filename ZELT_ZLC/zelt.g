@@ -46,7 +46,10 @@ options {
 #define LA(n) ctx->tokens->look_ahead(n)
 #undef LT
 #define LT(n) ctx->tokens->look_token(n)
-// So do the pushes and pops of the follow stack around every rule call.
+// So do the matches of expected tokens and the pushes and pops of the
+// follow stack around every rule call.
+#undef MATCHT
+#define MATCHT(t, fs) ctx->tokens->match_token(RECOGNIZER, t, fs)
 #undef FOLLOWPUSH
 #define FOLLOWPUSH(x) follow_push(FOLLOWSTACK, (void*)&(x))
 #undef FOLLOWPOP
