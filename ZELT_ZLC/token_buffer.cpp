@@ -182,15 +182,6 @@ pANTLR3_COMMON_TOKEN TOKEN_BUFFER::make_chunk(size_t number) {
   return tokens.get();
 }
 
-pANTLR3_COMMON_TOKEN TOKEN_BUFFER::lt(ANTLR3_INT32 k) {
-  if (k == 0) return nullptr;
-  const int64_t position = k < 0 ? p + k : p + k - 1;
-  if (position < 0) return nullptr;
-  if (position >= static_cast<int64_t>(entries.size()))
-    return &lexer->rec->state->tokSource->eofToken;
-  return token_at(position);
-}
-
 // The previous token stays for LT(-1); the chunks wholly before it go.
 void TOKEN_BUFFER::release_consumed() {
   if (p < 1) return;

@@ -121,7 +121,14 @@ class TOKEN_BUFFER {
   }
   // Makes the token objects of chunk `number` and returns them.
   pANTLR3_COMMON_TOKEN make_chunk(size_t number);
-  pANTLR3_COMMON_TOKEN lt(ANTLR3_INT32 k);
+  pANTLR3_COMMON_TOKEN lt(ANTLR3_INT32 k) {
+    if (k == 0) return nullptr;
+    const int64_t position = k < 0 ? p + k : p + k - 1;
+    if (position < 0) return nullptr;
+    if (position >= static_cast<int64_t>(entries.size()))
+      return &lexer->rec->state->tokSource->eofToken;
+    return token_at(position);
+  }
   std::string text(uint32_t first, uint32_t last) const;
   pANTLR3_STRING runtime_string(const std::string& text) const;
 
