@@ -330,11 +330,11 @@ void antlr_report(DIAGNOSTIC& message, pANTLR3_COMMON_TOKEN token) {
 }
 
 bool is_vreg(pANTLR3_COMMON_TOKEN token) {
-  return curr_vcmd->lookup_vreg(antlr_text(token), srcloc_internal, false) != nullptr;
+  return curr_vcmd->lookup_vreg(TOKEN_BUFFER::chars(token), srcloc_internal, false) != nullptr;
 }
 
 bool is_agen(pANTLR3_COMMON_TOKEN token) {
-  return curr_vcmd->lookup_agen(antlr_text(token)) != nullptr;
+  return curr_vcmd->lookup_agen(TOKEN_BUFFER::chars(token)) != nullptr;
 }
 
 void antlr_begin_statement(pANTLR3_BASE_RECOGNIZER recognizer) {

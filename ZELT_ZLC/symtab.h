@@ -4,8 +4,10 @@
 #define ZLC_ZELT_ZLC_SYMTAB_H
 
 #include <cstdint>
+#include <algorithm>
 #include <map>
 #include <string>
+#include <string_view>
 
 #include "DIAG/diag.h"
 #include "ZELT_ZLC/kernel_objects.h"
@@ -25,6 +27,19 @@ class SYMREG {
   DIAG_SRCINFO_DATA srcinfo;  // where it was declared
   std::string name;
   int32_t number;
+};
+
+// The order of names in the tables: that of std::string, compared inline,
+// as names are short and most differ in their first characters.  Looks up
+// names given as any string view without making a string.
+struct NAME_LESS {
+  using is_transparent = void;
+  bool operator()(std::string_view a, std::string_view b) const {
+    const size_t common = std::min(a.size(), b.size());
+    for (size_t i = 0; i < common; ++i)
+      if (a[i] != b[i]) return static_cast<unsigned char>(a[i]) < static_cast<unsigned char>(b[i]);
+    return a.size() < b.size();
+  }
 };
 
 // Named objects of type T, which derives from SYMREG and is constructible
@@ -48,12 +63,12 @@ class SYM_TABLE {
   }
 
   // The object of that name, or null.
-  T* lookup(const std::string& name) const {
+  T* lookup(std::string_view name) const {
     auto it = by_name.find(name);
     return it == by_name.end() ? nullptr : it->second;
   }
 
-  std::map<std::string, T*> by_name;
+  std::map<std::string, T*, NAME_LESS> by_name;
   std::map<int32_t, T*> by_number;
 };
 

@@ -49,13 +49,13 @@ std::vector<VINSTR*> VBLOCK::get_instrs_of_type(VINSTR_PREDICATE predicate) cons
   return found;
 }
 
-VREG* VBLOCK::lookup_vreg(const std::string& name) const {
+VREG* VBLOCK::lookup_vreg(std::string_view name) const {
   for (const VBLOCK* block = this; block; block = block->parent)
     if (VREG* vreg = block->vregs.lookup(name)) return vreg;
   return kernel.lookup_vreg(name);
 }
 
-AGEN* VBLOCK::lookup_agen(const std::string& name) const {
+AGEN* VBLOCK::lookup_agen(std::string_view name) const {
   for (const VBLOCK* block = this; block; block = block->parent)
     if (AGEN* agen = block->agens.lookup(name)) return agen;
   return nullptr;

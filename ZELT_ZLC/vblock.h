@@ -139,9 +139,9 @@ class VBLOCK : public VINSTR {
   std::vector<VINSTR*> get_instrs_of_type(VINSTR_PREDICATE predicate) const;
 
   // Registers: this level, its ancestors, then the kernel's table.
-  VREG* lookup_vreg(const std::string& name) const;
+  VREG* lookup_vreg(std::string_view name) const;
   // Generators: this level and its ancestors.
-  AGEN* lookup_agen(const std::string& name) const;
+  AGEN* lookup_agen(std::string_view name) const;
 
   // Declarations in this level, with the redeclaration rules; null when
   // the name can't be declared here.

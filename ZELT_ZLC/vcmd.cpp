@@ -115,14 +115,14 @@ void VCMD::copy_vcmd_info(const VCMD& other) {
   if (!other.srcinfo.is_equal(&srcloc_internal)) srcinfo = copy_of(other.srcinfo);
 }
 
-VREG* VCMD::lookup_vreg(const std::string& name, const DIAG_SRCINFO& at, bool warn_dead) {
+VREG* VCMD::lookup_vreg(std::string_view name, const DIAG_SRCINFO& at, bool warn_dead) {
   VREG* vreg = curr_block->lookup_vreg(name);
   if (vreg && warn_dead && !vreg->alias_name.empty())
     DIAG::zlc_dead_vreg(vreg->name, vreg->alias_name).set_src(&at).report();
   return vreg;
 }
 
-AGEN* VCMD::lookup_agen(const std::string& name) const { return curr_block->lookup_agen(name); }
+AGEN* VCMD::lookup_agen(std::string_view name) const { return curr_block->lookup_agen(name); }
 
 AGEN* VCMD::new_agen(const DIAG_SRCINFO& at, const std::string& name) {
   AGEN* agen = curr_block->new_agen(at, name);

@@ -61,8 +61,8 @@ class VCMD {
 
   // A register visible from the current block; with `warn_dead`, a register
   // whose value has moved to another name is reported.
-  VREG* lookup_vreg(const std::string& name, const DIAG_SRCINFO& srcinfo, bool warn_dead);
-  AGEN* lookup_agen(const std::string& name) const;
+  VREG* lookup_vreg(std::string_view name, const DIAG_SRCINFO& srcinfo, bool warn_dead);
+  AGEN* lookup_agen(std::string_view name) const;
   // Declares a generator in the current block; one of the outermost level
   // also goes on the kernel's list of global generators.
   AGEN* new_agen(const DIAG_SRCINFO& srcinfo, const std::string& name);

@@ -63,7 +63,7 @@ class VKERNEL {
   // it the statement's target; null when the name can't be declared there.
   VREG* new_vreg(const DIAG_SRCINFO& srcinfo, const std::string& vreg_name, VDATA_TYPE type);
   // The kernel-level table only.
-  VREG* lookup_vreg(const std::string& vreg_name) const { return vregs.lookup(vreg_name); }
+  VREG* lookup_vreg(std::string_view vreg_name) const { return vregs.lookup(vreg_name); }
   AGEN* lookup_global_agen(const std::string& agen_name) const;
   // The definition of `vreg` recorded by the completed loops, newest first;
   // a store counts only in the kernel's first loop.

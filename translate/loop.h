@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "ZELT_ZLC/symtab.h"
 #include "ZELT_ZLC/text_out.h"
 #include "translate/tinstr.h"
 
@@ -77,7 +78,7 @@ class SCOPE {
   void format_declarations(TEXT_OUT& out,
                            bool (*less)(const TDECL*, const TDECL*)) const;
 
-  std::map<std::string, TDECL*> decls;
+  std::map<std::string, TDECL*, NAME_LESS> decls;
   TKERNEL* kernel;
   uint32_t next_seq = 0;
 };

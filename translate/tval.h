@@ -65,7 +65,7 @@ class TVAL_TABLE {
   // The loop's value struct: kernel name, "_loop", id, "_tvals_t".
   std::string type() const;
 
-  std::map<std::string, TVAL*> by_name;
+  std::map<std::string, TVAL*, NAME_LESS> by_name;
   std::map<int32_t, TVAL*> by_number;
   TKERNEL* kernel;
   uint32_t next_number = 0;
