@@ -1,4 +1,5 @@
-// Operations, pair operations, moves with their conditions, and early exits.
+// Operations: rounding parameters of multiplications, and moves with their
+// conditions.
 #include "ZELT_ZLC/preg.h"
 #include "ZELT_ZLC/vop.h"
 #include "tests/unit/zelt_instr_support.h"
@@ -37,71 +38,6 @@ TEST_F(OpTest, RoundingOnlyOnMultiplications) {
   EXPECT_EQ(plain->round_preg, PREG_ZERO);
   EXPECT_EQ(plain->dst1, nullptr);
   EXPECT_EQ(plain->dst_vregs()[2], x);
-}
-
-TEST_F(OpTest, WhereOperationsStandAndWhatTheyRead) {
-  VREG* a = vreg("a");
-  VREG* u = vreg("u");
-  VREG* x = vreg("x");
-  loop(1, "j", num(4));
-  load(2, a, VDATA_TYPE::int16);
-  op(3, "vadd", x, a, a);
-  loop(4, "i", num(8));
-  op(5, "vaddh", x, a, u);
-  EXPECT_EQ(messages(),
-            "\"k.zc\", line 3: error: operations must be inside the innermost loop\n"
-            "\"k.zc\", line 5: warning: \"u\" is used before it is initialized; may cause\n"
-            "   unexpected behavior\n"
-            "\"k.zc\", line 5: warning: The VADDH operation may have unexpected results in 32\n"
-            "   bit mode.\n");
-  EXPECT_EQ(v()->op_count, 2);
-}
-
-TEST_F(OpTest, PairOperations) {
-  VREG* a = vreg("a");
-  VREG* b = vreg("b");
-  VREG* c = vreg("c");
-  VREG* d = vreg("d");
-  loop(1, "i", num(8));
-  load(2, a, VDATA_TYPE::int16);
-  load(3, b, VDATA_TYPE::int16);
-  v()->clear_curr();
-  v()->set_curr_vpair(a, a);
-  v()->new_vop2d(at(4), "vswap", b, nullptr);
-  v()->clear_curr();
-  v()->set_curr_vpair(c, d);
-  v()->new_vop2d(at(5), "vminsetf", a, b);
-  v()->clear_curr();
-  v()->set_curr_vreg(c);
-  v()->new_vop2d(at(6), "vsort2", nullptr, nullptr);
-  v()->clear_curr();
-  v()->set_curr_vpair(b, d);
-  v()->new_vop2d(at(7), "vmaxsetf", a, b);
-  auto* maxf = dynamic_cast<VOP*>(v()->curr_instr);
-  // (c, d) = (a, b).interleave(): the pair moves into (c, d) first.
-  v()->clear_curr();
-  v()->set_curr_vpair(c, d);
-  v()->set_curr_vpair(a, b);
-  v()->new_vop2d(at(8), "vintrlv", nullptr, nullptr);
-  auto* intrlv = dynamic_cast<VOP*>(v()->curr_instr);
-  EXPECT_EQ(messages(),
-            "\"k.zc\", line 4: error: identical vectors used in two destination operation\n"
-            "\"k.zc\", line 5: error: minf/maxf require first in output pair be the same as\n"
-            "   second source\n"
-            "\"k.zc\", line 6: error: vreg pair expected\n");
-  ASSERT_NE(maxf, nullptr);
-  EXPECT_EQ(maxf->dst1, nullptr);
-  EXPECT_EQ(maxf->dst2, d);
-  EXPECT_EQ(maxf->dst_vregs().back(), b);
-  ASSERT_NE(intrlv, nullptr);
-  EXPECT_EQ(intrlv->dst1, c);
-  EXPECT_EQ(intrlv->dst2, d);
-  const auto ops = v()->innermost->get_instrs_of_type(&VINSTR::is_vop);
-  ASSERT_EQ(ops.size(), 4u);
-  EXPECT_EQ(ops[1]->op_name(), "__zelt_vmove");
-  EXPECT_EQ(ops[2]->op_name(), "__zelt_vmove");
-  EXPECT_EQ(v()->op_count, 2);  // moves made for a pair are free
-  EXPECT_EQ(a->alias_name, "c");
 }
 
 TEST_F(OpTest, MoveConditionsByLevel) {
@@ -145,56 +81,6 @@ TEST_F(OpTest, MoveConditionsByLevel) {
   EXPECT_EQ(both->cond, "i1234");
   EXPECT_EQ(outer->cond, "");
   EXPECT_EQ(kernel->vcmds.back()->op_count, 8);
-}
-
-TEST_F(OpTest, EarlyExits) {
-  VREG* a = vreg("a");
-  VREG* u = vreg("u");
-  v()->push_rpt(at(1), "r", sym("c"), num(4));
-  loop(2, "i", num(8));
-  load(3, a, VDATA_TYPE::int16);
-  v()->new_vexit(at(4), "done", a, num(1), num(2));
-  auto* first = dynamic_cast<VEXIT*>(v()->vexit);
-  v()->new_vexit(at(5), "out", u, num(0), nullptr);
-  auto* second = dynamic_cast<VEXIT*>(v()->vexit);
-  init(6, a, num(0));
-  v()->pop_block();
-  v()->set_vexit_level(at(7), "done");
-  EXPECT_EQ(messages(),
-            "\"k.zc\", line 4: error: early exit only supports checking of lane 0 of vector\n"
-            "   registers\n"
-            "\"k.zc\", line 4: error: comparison operand must be constant 0\n"
-            "\"k.zc\", line 5: error: loop can only have one exit instruction, first one is on\n"
-            "   line 4\n"
-            "\"k.zc\", line 5: warning: \"u\" is used before it is initialized; may cause\n"
-            "   unexpected behavior\n"
-            "\"k.zc\", line 6: error: vector register \"a\" cannot be defined after operation on\n"
-            "   line 3\n"
-            "\"k.zc\", line 6: error: no instruction may occur after an early exit\n"
-            "\"k.zc\", line 7: error: label does not match \"out\" seen at line 5\n");
-  ASSERT_NE(first, nullptr);
-  EXPECT_EQ(second->level, 1);
-  EXPECT_EQ(second->to_string(), "TEXIT");
-}
-
-TEST_F(OpTest, ExitLabelsWithoutOrOutsideTheirLoops) {
-  VREG* a = vreg("a");
-  v()->set_vexit_level(at(1), "x");
-  loop(2, "j", num(4));
-  loop(3, "i", num(8));
-  load(4, a, VDATA_TYPE::int16);
-  v()->new_vexit(at(5), "x", a, num(0), num(0));
-  v()->pop_block();
-  v()->set_vexit_level(at(6), "x");
-  EXPECT_EQ(dynamic_cast<VEXIT*>(v()->vexit)->level, 0);
-  v()->new_vexit(at(7), "y", a, num(0), nullptr);
-  EXPECT_EQ(messages(),
-            "\"k.zc\", line 1: error: exit label has no matching goto\n"
-            "\"k.zc\", line 7: error: loop can only have one exit instruction, first one is on\n"
-            "   line 5\n"
-            "\"k.zc\", line 7: error: early exit must be inside either the inner loop or the\n"
-            "   foreach loop\n");
-  EXPECT_EQ(v()->innermost->instrs.size(), 2u);
 }
 
 }  // namespace
