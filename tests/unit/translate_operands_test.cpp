@@ -1,6 +1,5 @@
-// Operands of translated instructions: temporary registers, values shared
-// in the parameter block, and the address that loads and stores offer to a
-// stream.
+// Operands of translated instructions: temporary registers, and values
+// shared in the parameter block.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -46,17 +45,6 @@ TEST_F(OperandTest, OperandsShareValuesByTypeAndText) {
   EXPECT_EQ(minus.ref(true), "-5");
   EXPECT_EQ(TEXPR(cmd, "int32_t", new VPEXPR(-5, VPEXPR::EVAL_UNSIGNED)).ref(true), "4294967291");
   EXPECT_EQ(cmd.tvals.by_number.size(), 2u);
-}
-
-TEST_F(OperandTest, OnlyALoadOffersItsAddress) {
-  TCMD cmd(*tkernel, v());
-  auto* address = new TEXPR(cmd, "void*", sym("(uchar *)p + 4"));
-  TVLOAD load;
-  load.base_ = address;
-  TVSTORE store;
-  store.base_ = address;
-  EXPECT_EQ(load.base(), address);
-  EXPECT_EQ(store.base(), nullptr);
 }
 
 }  // namespace

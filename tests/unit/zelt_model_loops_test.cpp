@@ -61,13 +61,6 @@ TEST_F(LoopTest, ForeachAndTripCountRegisters) {
   vcmd->push_block(at(2), "i", sym("N"));
   EXPECT_EQ(vcmd->vrpt->depth, -1);
   EXPECT_EQ(vcmd->innermost->depth, 0);
-  int32_t level = -1;
-  EXPECT_TRUE(vcmd->is_lcv("r", level));
-  EXPECT_EQ(level, 0);
-  EXPECT_TRUE(vcmd->is_lcv("i", level));
-  EXPECT_EQ(level, 1);
-  EXPECT_FALSE(vcmd->is_lcv("n", level));
-  EXPECT_EQ(vcmd->lcv_name(1), "i");
   EXPECT_EQ(vcmd->tripcount_expr(2)->value64(), 1);
   EXPECT_EQ(vcmd->rpt_max(), 1);
   vcmd->pop_block();

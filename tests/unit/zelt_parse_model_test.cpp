@@ -1,5 +1,5 @@
-// The model that the parser's actions build: kernels, parameters, loop
-// levels and pair aliases.
+// The model that the parser's actions build: kernels, parameters and loop
+// levels.
 #include "tests/unit/zelt_parse_support.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vkernel.h"
@@ -52,16 +52,6 @@ TEST(ZeltParseModel, LoopsCloseIntoVectorLoops) {
   // The global generator is declared anew in every following loop.
   EXPECT_NE(curr_vcmd->root.agens.lookup("G"), nullptr);
   EXPECT_NE(curr_vcmd, first);
-}
-
-TEST(ZeltParseModel, PairAssignmentAliasesTheSources) {
-  const PARSE_RESULT r = parse_text(
-      "void k() { __vector a, b, c, d;\n (a, b) = (c, d).interleave();\n a = c; }");
-  // Operations outside a loop are refused by the model as well.
-  EXPECT_NE(r.err.find("\"k.zc\", line 3: warning: vector register \"c\" is dead here, did you "
-                       "mean \"a\"?\n"),
-            std::string::npos);
-  EXPECT_EQ(curr_vkernel->lookup_vreg("d")->alias_name, "b");
 }
 
 }  // namespace
