@@ -10,19 +10,26 @@ std::string body(const PP_RESULT& r) { return without_line_directives(r.text); }
 
 }  // namespace
 
-TEST(CppMacros, ObjectAndFunctionLike) {
-  EXPECT_EQ(body(run_cpp("#define F (x) x\n#define G(x) [x]\nF(1) G(2) G (3)\n")),
-            "(x) x(1) [2] [3]\n");
-}
-
-TEST(CppMacros, ArgumentsKeepTheirSpacingAndNesting) {
-  EXPECT_EQ(body(run_cpp("#define F(a, b) <a|b>\nF( x  +  y , (1, 2) ) F(F(1,2),3)\n")),
-            "<x  +  y|(1, 2)> <<1|2>|3>\n");
-}
-
-TEST(CppMacros, NoExpansionWithinItself) {
-  EXPECT_EQ(body(run_cpp("#define A A\n#define B C\n#define C B\nA B C\n")), "A B C\n");
-  EXPECT_EQ(body(run_cpp("#define f(x) x\nf(f)(1)\n")), "f(1)\n");
+// Expansion: object- and function-like macros, arguments with their spacing
+// and nesting, no expansion within itself, a name without parentheses, a
+// call continued below a macro body, # and ##.
+TEST(CppMacros, Expansion) {
+  const struct {
+    const char* in;
+    const char* out;
+  } cases[] = {
+      {"#define F (x) x\n#define G(x) [x]\nF(1) G(2) G (3)\n", "(x) x(1) [2] [3]\n"},
+      {"#define F(a, b) <a|b>\nF( x  +  y , (1, 2) ) F(F(1,2),3)\n", "<x  +  y|(1, 2)> <<1|2>|3>\n"},
+      {"#define A A\n#define B C\n#define C B\nA B C\n", "A B C\n"},
+      {"#define f(x) x\nf(f)(1)\n", "f(1)\n"},
+      {"#define F(a) <a>\nF + F;\nF\n(1) F\nx\n", "F + F;\n\n<1> F\nx\n"},
+      {"#define F(a,b) <a|b>\n#define G F(1\nG,2)\n", "<1|2>\n"},
+      {"#define S(x) #x\nS( a  \"b\\n\"  'c' ) S() S(\\)\n", "\"a \\\"b\\\\n\\\" 'c'\" \"\" \"\\\"\n"},
+      {"#define C(a,b) a ## b\n#define C3(a,b,c) a##b##c\n#define xy 5\n"
+       "C(x,y) C(1, 2) C(,z) C3(p, q , r) C(x y,z)\n",
+       "5 12 z pqr x yz\n"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(body(run_cpp(c.in)), c.out) << c.in;
 }
 
 TEST(CppMacros, ArgumentCountMismatch) {
@@ -31,10 +38,6 @@ TEST(CppMacros, ArgumentCountMismatch) {
   EXPECT_EQ(r.messages.size(), 5u);  // an empty last argument is not counted
   for (const std::string& m : r.messages)
     EXPECT_NE(m.find("warning: argument count mismatch for macro"), std::string::npos) << m;
-}
-
-TEST(CppMacros, NameWithoutParenthesesStays) {
-  EXPECT_EQ(body(run_cpp("#define F(a) <a>\nF + F;\nF\n(1) F\nx\n")), "F + F;\n\n<1> F\nx\n");
 }
 
 TEST(CppMacros, CallSpanningLinesDropsDirectives) {
@@ -54,21 +57,6 @@ TEST(CppMacros, BadlyFormedArgumentList) {
   const PP_RESULT r = run_cpp("#define F(a) <a>\n#define OPEN F(\n#define ID(x) x\nID(OPEN 1) 2)\n");
   EXPECT_EQ(r.all_messages(), "\"t.k\", line 4: error: badly formed argument list for macro 'F'\n");
   EXPECT_EQ(body(r), "F( 1 2)\n");
-}
-
-TEST(CppMacros, CallContinuesBelowAMacroBody) {
-  EXPECT_EQ(body(run_cpp("#define F(a,b) <a|b>\n#define G F(1\nG,2)\n")), "<1|2>\n");
-}
-
-TEST(CppMacros, StringizingEscapesLiterals) {
-  EXPECT_EQ(body(run_cpp("#define S(x) #x\nS( a  \"b\\n\"  'c' ) S() S(\\)\n")),
-            "\"a \\\"b\\\\n\\\" 'c'\" \"\" \"\\\"\n");
-}
-
-TEST(CppMacros, Concatenation) {
-  EXPECT_EQ(body(run_cpp("#define C(a,b) a ## b\n#define C3(a,b,c) a##b##c\n#define xy 5\n"
-                         "C(x,y) C(1, 2) C(,z) C3(p, q , r) C(x y,z)\n")),
-            "5 12 z pqr x yz\n");
 }
 
 TEST(CppMacros, DefinitionErrors) {

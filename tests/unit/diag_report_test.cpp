@@ -53,16 +53,6 @@ TEST_F(DiagTest, HeaderForms) {
   EXPECT_EQ(DIAGNOSTIC::error_count_m, 3);
 }
 
-TEST_F(DiagTest, LongTextFillsTheLineToColumn79ThenWrapsWithIndent) {
-  const std::string words =
-      "alpha beta gamma delta epsilon zeta eta theta iota kappa lambda mu nu xi omicron pi rho "
-      "sigma tau upsilon phi chi psi omega";
-  DIAG::gerror(words).set_src(&at_a_k).report();
-  EXPECT_EQ(printed(),
-            "\"a.k\", line 12: error: alpha beta gamma delta epsilon zeta eta theta iota kappa\n"
-            "   lambda mu nu xi omicron pi rho sigma tau upsilon phi chi psi omega\n");
-}
-
 TEST_F(DiagTest, TextOfExactlyTheLineWidthStillBreaksAtItsLastBlank) {
   // "error: " takes 7 columns, leaving 72 for a text of exactly 72 characters.
   const std::string text = std::string(60, 'x') + " " + std::string(11, 'y');

@@ -11,6 +11,28 @@
 #include "translate/tcmd.h"
 #include "translate/tkernel.h"
 
+// Loop ids count across the whole run; the texts name the first loop of a
+// kernel, `first`, "loop0".
+inline std::string unnumbered(std::string text, const TCMD* first) {
+  if (!first) return text;
+  const std::string from = "tvals->loop" + std::to_string(first->id) + ".";
+  const std::string to = "tvals->loop0.";
+  for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+    text.replace(at, from.size(), to);
+  return text;
+}
+// The loops of `cmd`, and the values of its init function.
+inline std::string loop_text(TCMD* cmd) {
+  STRING_OUT text;
+  cmd->format(text);
+  return text.str();
+}
+inline std::string init_text(TCMD* cmd, bool update) {
+  STRING_OUT text;
+  cmd->tvals.format_init(text, update);
+  return text.str();
+}
+
 class TRANSLATE_TEST : public INSTR_TEST {
  protected:
   void SetUp() override {
@@ -37,24 +59,14 @@ class TRANSLATE_TEST : public INSTR_TEST {
   std::string translate() {
     tkernel->analyze_kernel();
     tkernel->translate_for_9k();
-    STRING_OUT text;
-    for (TCMD* cmd : tkernel->tcmds) cmd->format(text);
-    return unnumbered(text.str());
+    std::string text;
+    for (TCMD* cmd : tkernel->tcmds) text += loop_text(cmd);
+    return unnumbered(text, tkernel->tcmds.empty() ? nullptr : tkernel->tcmds[0]);
   }
   std::string init_text(bool update) {
-    STRING_OUT text;
-    for (TCMD* cmd : tkernel->tcmds) cmd->tvals.format_init(text, update);
-    return unnumbered(text.str());
-  }
-  // Loop ids count across the whole run; the texts name the first loop of
-  // the kernel "loop0".
-  std::string unnumbered(std::string text) const {
-    if (tkernel->tcmds.empty()) return text;
-    const std::string from = "tvals->loop" + std::to_string(tkernel->tcmds[0]->id) + ".";
-    const std::string to = "tvals->loop0.";
-    for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
-      text.replace(at, from.size(), to);
-    return text;
+    std::string text;
+    for (TCMD* cmd : tkernel->tcmds) text += ::init_text(cmd, update);
+    return unnumbered(text, tkernel->tcmds.empty() ? nullptr : tkernel->tcmds[0]);
   }
 
   TKERNEL* tkernel = nullptr;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/unit/string_out.h"
+#include "tests/unit/translate_core_fixture.h"
 #include "tests/unit/translate_source_support.h"
 #include "translate/tcmd.h"
 #include "translate/tkernel.h"
@@ -22,25 +22,10 @@ class LutScatterTest : public testing::Test {
               "");
   }
   // The loops of the translated vector loop, and the values of its init
-  // function, with the run-wide loop number replaced by 0.
-  static std::string loop_text() {
-    STRING_OUT text;
-    tcmd()->format(text);
-    return unnumbered(text.str());
-  }
-  static std::string init_text() {
-    STRING_OUT text;
-    tcmd()->tvals.format_init(text, false);
-    return unnumbered(text.str());
-  }
+  // function.
+  static std::string loop_text() { return unnumbered(::loop_text(tcmd()), tcmd()); }
+  static std::string init_text() { return unnumbered(::init_text(tcmd(), false), tcmd()); }
   static TCMD* tcmd() { return static_cast<TKERNEL*>(curr_vkernel)->tcmds.at(0); }
-  static std::string unnumbered(std::string text) {
-    const std::string from = "loop" + std::to_string(tcmd()->id) + ".";
-    const std::string to = "loop0.";
-    for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
-      text.replace(at, from.size(), to);
-    return text;
-  }
 };
 
 // Offsets loaded at the root of the first loop, a scatter buffer, and a

@@ -33,26 +33,6 @@ std::string op_line(const std::string& name, VDATA_TYPE type = VDATA_TYPE::int32
   return out.str();
 }
 
-TEST(TranslateOpsFormat, ExpressionForms) {
-  EXPECT_EQ(op_line("__zelt_vadd"), "d1 = s1 + s2;\n");
-  EXPECT_EQ(op_line("__zelt_vadd3"), "s3 += s1 + s2;\n");
-  EXPECT_EQ(op_line("__zelt_vsad"), "s3 += __abs(s1 - s2);\n");
-  EXPECT_EQ(op_line("__zelt_vmadd"), "s3 = s3 + (s1 * s2);\n");
-  EXPECT_EQ(op_line("__zelt_vandn"), "d1 = s1 & ~s2;\n");
-  EXPECT_EQ(op_line("__zelt_vor3"), "s3 |= (s1 | s2);\n");
-  EXPECT_EQ(op_line("__zelt_vmax"), "d1 = __max(s1, s2);\n");
-  EXPECT_EQ(op_line("__zelt_vnot"), "d1 = ~s1;\n");
-}
-
-TEST(TranslateOpsFormat, TemplateForms) {
-  EXPECT_EQ(op_line("__zelt_vaddh"), "addh<int32_t>::apply(d1,s1,s2);\n");
-  EXPECT_EQ(op_line("__zelt_vminsetf", VDATA_TYPE::uint16),
-            "minsetf<uint32_t>::apply(s2, d2, s1, s2);\n");
-  EXPECT_EQ(op_line("__zelt_vsel"), "select<int32_t>::apply(s3, s1, s2, s3);\n");
-  EXPECT_EQ(op_line("__zelt_vintrlv4"), "interleave4_32<int32_t>::apply(d1, d2);\n");
-  EXPECT_EQ(op_line("__zelt_vbitdi"), "bit_deinterleave<int32_t>::apply(d1, d2, s1);\n");
-}
-
 TEST(TranslateOpsFormat, UnknownOperationPrintsOnlyTheWarning) {
   testing::internal::CaptureStdout();
   EXPECT_EQ(op_line("__zelt_vfoo"), "");
@@ -88,14 +68,6 @@ TEST(TranslateOpsFormat, BitWidthOfBounds) {
   EXPECT_EQ(TSAT::bounds_are_bit_width(-127, 127), 0);
   EXPECT_EQ(TSAT::bounds_are_bit_width(0, 254), 0);
   EXPECT_EQ(TSAT::bounds_are_bit_width(0, -1), 0);
-}
-
-TEST(TranslateOpsFormat, RoundingModes) {
-  EXPECT_EQ(TROUND::translate(ROUND_SAT::RM_TRUNC), TROUND::TRUNCATE);
-  EXPECT_EQ(TROUND::translate(ROUND_SAT::RM_ROUND), TROUND::ROUND);
-  EXPECT_EQ(TROUND::translate(static_cast<ROUND_SAT::ROUND_MODE>(3)), TROUND::NONE);
-  EXPECT_EQ(TROUND::translate(VOP::RM_SHIFT), TROUND::SHIFT);
-  EXPECT_EQ(TROUND::translate(static_cast<VOP::ROUND_MODE>(4)), TROUND::NONE);
 }
 
 }  // namespace

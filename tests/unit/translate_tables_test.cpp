@@ -166,16 +166,6 @@ TEST_F(TableTest, ScatterThroughAStreamAddressesItsPointer) {
                              "::scatter(a, (long long)SAptr<int16_t,sa0adv>(NULL).addr(), p);\n");
 }
 
-TEST_F(TableTest, NamesShareTheTableMemory) {
-  LHT_TEMPLATE* first = table(LHT_TEMPLATE::LOOKUP, VDATA_TYPE::uint16, 1, 8);
-  EXPECT_EQ(first->template_name(), "zelt_lookup<uint16_t, 1, 8, 1, lut_id<0, 32768> >");
-  LHT_TEMPLATE* second = table(LHT_TEMPLATE::HISTOGRAM, VDATA_TYPE::int32, 2, 1);
-  EXPECT_EQ(first->template_name(), "zelt_lookup<uint16_t, 1, 8, 1, lut_id<0, 16384> >");
-  EXPECT_EQ(second->template_name(), "zelt_hist<int32_t, 2, 1, 1, lut_id<1, 16384> >");
-  EXPECT_EQ(cmd()->lht_table.allocate_lht(), nullptr);  // two tables a loop
-  EXPECT_EQ(second->elements_per_lookup(), 2u);
-}
-
 TEST_F(TableTest, ShiftOfAMovingTable) {
   struct {
     int32_t objs;

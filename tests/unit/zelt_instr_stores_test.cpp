@@ -1,58 +1,12 @@
-// Stores: distributions, predicates and scatters, the definitions a store
-// leaves behind, and rounding and saturation on the way to memory.
+// Stores: predicate and scatter register numbers, and rounding and
+// saturation on the way to memory.
 #include "ZELT_ZLC/preg.h"
 #include "ZELT_ZLC/vstore.h"
-#include "options/register_option.h"
 #include "tests/unit/zelt_instr_support.h"
 
 namespace {
 
 using StoreTest = INSTR_TEST;
-
-TEST_F(StoreTest, CollatedStoresTakeNoSecondDistributionOrPredicate) {
-  VREG* a = vreg("a");
-  VREG* p = vreg("p");
-  VREG* q = vreg("q");
-  loop(1, "i", num(8));
-  load(2, a, VDATA_TYPE::int16);
-  load(3, p, VDATA_TYPE::int16);
-  v()->clear_curr();
-  ref(4, VDATA_TYPE::int16);
-  v()->new_collate_vstore(at(4), p);
-  v()->set_vstore_dist(VSTORE::INTERLEAVE, nullptr);
-  v()->set_vstore_pred(q);
-  auto* store = dynamic_cast<VSTORE*>(end_store(a));
-  EXPECT_EQ(messages(),
-            "\"k.zc\", line 4: error: collated stores cannot have a second distribution\n"
-            "   option\n"
-            "\"k.zc\", line 4: error: collated store is already predicated by \"p\"\n"
-            "\"k.zc\", line 4: warning: \"q\" is used before it is initialized; may cause\n"
-            "   unexpected behavior\n");
-  EXPECT_EQ(store->dist, VSTORE::COLLATE);
-  EXPECT_EQ(store->pred, q);
-  EXPECT_EQ(v()->innermost->instrs.back(), store);
-}
-
-TEST_F(StoreTest, ScattersShareOneOffsetRegister) {
-  VREG* a = vreg("a");
-  VREG* o = vreg("o");
-  VREG* w = vreg("w");
-  loop(1, "i", num(8));
-  load(2, a, VDATA_TYPE::int16);
-  load(3, o, VDATA_TYPE::int16);
-  begin_store(4, VDATA_TYPE::int16, VSTORE::S_SCATTER, o);
-  end_store(a);
-  begin_store(5, VDATA_TYPE::int16, VSTORE::P_SCATTER, o);
-  end_store(a);
-  begin_store(6, VDATA_TYPE::int16, VSTORE::P_SCATTER, w);
-  end_store(a);
-  EXPECT_EQ(messages(),
-            "\"k.zc\", line 6: error: only one register per kernel can predicate the scatter\n"
-            "   store\n"
-            "\"k.zc\", line 6: warning: \"w\" is used before it is initialized; may cause\n"
-            "   unexpected behavior\n");
-  EXPECT_EQ(v()->scatter_vreg, o);
-}
 
 TEST_F(StoreTest, PredicateAndScatterRegisterNumbers) {
   VREG* a = vreg("a");
@@ -75,44 +29,6 @@ TEST_F(StoreTest, PredicateAndScatterRegisterNumbers) {
             "   allocated to V0\n");
   EXPECT_EQ(v()->store_count, 5);
   EXPECT_EQ(v()->innermost->get_instrs_of_type(&VINSTR::is_vstore).size(), 2u);
-}
-
-TEST_F(StoreTest, InterleaveRulesAndStoredRegistersStayFixed) {
-  VREG* a = vreg("a");
-  VREG* b = vreg("b");
-  loop(1, "i", num(8));
-  load(2, a, VDATA_TYPE::int16);
-  load(3, b, VDATA_TYPE::int16);
-  begin_store(4, VDATA_TYPE::int32, VSTORE::INTERLEAVE);
-  v()->set_vstore_pred(a);
-  end_store(a, b);
-  begin_store(5, VDATA_TYPE::int16, VSTORE::INTERLEAVE);
-  end_store(a);
-  op(6, "vadd", a, b, b);
-  EXPECT_EQ(messages(),
-            "\"k.zc\", line 4: error: distribution mode does not support word (32-bit) type\n"
-            "\"k.zc\", line 4: error: interleaved store cannot be predicated\n"
-            "\"k.zc\", line 4: error: \"a\" and \"b\" are targets of loads, cannot be register\n"
-            "   pair\n"
-            "\"k.zc\", line 6: error: vector register \"a\" cannot be defined after a store on\n"
-            "   line 5\n");
-  // The second store found the pair that the first one made.
-  EXPECT_EQ(a->pair_partner(), b);
-  EXPECT_EQ(v()->innermost->get_instrs_of_type(&VINSTR::is_vstore).size(), 2u);
-}
-
-TEST_F(StoreTest, ProfileLinesOfSpecialStores) {
-  register_option& looptype = *register_option::get_option("debug:looptype");
-  looptype = 1;
-  VREG* a = vreg("a");
-  loop(1, "i", num(8));
-  testing::internal::CaptureStdout();
-  begin_store(2, VDATA_TYPE::int16, VSTORE::P_SCATTER, a);
-  begin_store(3, VDATA_TYPE::int16, VSTORE::OFFSET_NP1);
-  begin_store(4, VDATA_TYPE::int16, VSTORE::S_SCATTER, a);
-  looptype = 0;
-  EXPECT_EQ(testing::internal::GetCapturedStdout(),
-            "ZLC_PROFILE: SCATTER in k\nZLC_PROFILE: OFFSET_NP1 in k\n");
 }
 
 // The saturation mode of `.saturate(lo, hi)` on a reference of `type`.

@@ -1,32 +1,17 @@
-// A kernel built straight through the model's API, a stand-in instruction of
-// any kind, and the capture of the messages that the model prints.
+// A stand-in instruction of any kind, for kernels built straight through the
+// model's API.
 #ifndef ZLC_TESTS_UNIT_ZELT_MODEL_SUPPORT_H
 #define ZLC_TESTS_UNIT_ZELT_MODEL_SUPPORT_H
 
-#include <gtest/gtest.h>
-
 #include <string>
 
-#include "DIAG/diag.h"
-#include "ZELT_ZLC/vcmd.h"
-#include "ZELT_ZLC/vkernel.h"
-#include "ZELT_ZLC/vpexpr.h"
-#include "tests/unit/string_out.h"
-
-inline const DIAG_SRCINFO_DATA at_line(unsigned line) { return DIAG_SRCINFO_DATA("k.zc", line); }
-
-inline const VPEXPR* sym(const std::string& text) {
-  auto* e = new VPEXPR(text);
-  e->eval_type = VPEXPR::EVAL_SYMBOLIC;
-  return e;
-}
-inline const VPEXPR* num(long value) { return new VPEXPR(value, VPEXPR::EVAL_SIGNED); }
+#include "tests/unit/zelt_instr_support.h"
 
 // An instruction that answers the kind queries as told.
 class FAKE_INSTR : public VINSTR {
  public:
   FAKE_INSTR(unsigned line, uint32_t mask, std::string name = "")
-      : VINSTR(at_line(line), curr_vcmd), mask(mask), name(std::move(name)) {}
+      : VINSTR(DIAG_SRCINFO_DATA("k.zc", line), curr_vcmd), mask(mask), name(std::move(name)) {}
 
   void analyze(int32_t& count) override { count += words; }
   bool check_if_valid() override { return valid; }
@@ -46,34 +31,13 @@ class FAKE_INSTR : public VINSTR {
   bool pair_load = false;
 };
 
-// A fresh kernel; messages printed while a test runs are kept in `err`.
-class MODEL_TEST : public testing::Test {
+class MODEL_TEST : public INSTR_TEST {
  protected:
-  void SetUp() override {
-    DIAGNOSTIC::error_count_m = 0;
-    kernel = new VKERNEL(out, header);
-    curr_vkernel = kernel;
-    testing::internal::CaptureStderr();
-  }
-  void TearDown() override {
-    if (!captured) testing::internal::GetCapturedStderr();
-    DIAGNOSTIC::error_count_m = 0;
-  }
-  // The messages so far; ends the capture.
-  std::string messages() {
-    captured = true;
-    return testing::internal::GetCapturedStderr();
-  }
   FAKE_INSTR* add(unsigned line, uint32_t mask, const std::string& name = "") {
     auto* instr = new FAKE_INSTR(line, mask, name);
     curr_vcmd->add_instr(instr);
     return instr;
   }
-
-  STRING_OUT out;
-  STRING_OUT header;
-  VKERNEL* kernel = nullptr;
-  bool captured = false;
 };
 
 #endif

@@ -1,12 +1,9 @@
-// Tokens of the kernel language: numbering, longest match, literal splits
-// and the lexer's error reports.
-#include <cstring>
+// Tokens of the kernel language: longest match, literal splits and the
+// lexer's error reports.
 #include <vector>
 
 #include "tests/unit/zelt_parse_support.h"
 #include "zeltLexer.h"
-
-extern pANTLR3_UINT8 zeltParserTokenNames[];
 
 namespace {
 
@@ -42,23 +39,6 @@ std::vector<ANTLR3_UINT32> types(const std::string& text) {
   return result;
 }
 
-std::string name(ANTLR3_UINT32 type) { return reinterpret_cast<const char*>(zeltParserTokenNames[type]); }
-
-TEST(ZeltParseLexer, TokenNumbersAndNames) {
-  EXPECT_EQ(name(0), "<invalid>");
-  EXPECT_EQ(name(4), "PEXPR");
-  EXPECT_EQ(name(5), "ASG");
-  EXPECT_EQ(name(30), "STREF");
-  EXPECT_EQ(name(37), "VPTR");
-  EXPECT_EQ(name(40), "IDENTIFIER");
-  EXPECT_EQ(name(42), "INT_LITERAL");
-  EXPECT_EQ(name(60), "LINE_COMMAND");
-  EXPECT_EQ(name(61), "'void'");
-  EXPECT_EQ(name(78), "';'");
-  EXPECT_EQ(name(118), "'round'");
-  EXPECT_EQ(name(154), "'print'");
-  EXPECT_EQ(types("void ; print unsigned int"), (std::vector<ANTLR3_UINT32>{61, 78, 154, 39, 38}));
-}
 
 TEST(ZeltParseLexer, LongestMatchAndKeywords) {
   EXPECT_EQ(types("minf min2 min"), (std::vector<ANTLR3_UINT32>{128, IDENTIFIER, 126}));

@@ -1,5 +1,5 @@
-// The model that the parser's actions build: kernels, parameters, loop
-// levels, and the lookups behind the register and generator predicates.
+// The model that the parser's actions build: kernels, parameters and loop
+// levels.
 #include "tests/unit/zelt_parse_support.h"
 #include "ZELT_ZLC/vcmd.h"
 #include "ZELT_ZLC/vkernel.h"
@@ -52,53 +52,6 @@ TEST(ZeltParseModel, LoopsCloseIntoVectorLoops) {
   // The global generator is declared anew in every following loop.
   EXPECT_NE(curr_vcmd->root.agens.lookup("G"), nullptr);
   EXPECT_NE(curr_vcmd, first);
-}
-
-TEST(ZeltParseModel, DeclarationRules) {
-  EXPECT_EQ(parse_text("void k() { __vector a; __vector a; }").err,
-            "\"k.zc\", line 1: error: redeclaration of '__vector a' declared on line 1.\n");
-  EXPECT_EQ(parse_text("void k() { __vector V3; }").err,
-            "\"k.zc\", line 1: warning: declaration of internal vector register 'V3'\n");
-  EXPECT_EQ(parse_text("void k(int n) {\n __vector a;\n for (int i = 0; i < n; i++) {\n"
-                       "  __vector a; __agen a; } }")
-                .err,
-            "\"k.zc\", line 4: warning: redeclaration of '__vector a' declared on line 2.\n"
-            "\"k.zc\", line 4: error: redeclaration of '__vector a' declared on line 4.\n");
-  const PARSE_RESULT many = parse_text(
-      "void k() { __agen A0, A1, A2, A3, A4, A5, A6, A7; __agen A8; __vector v; }");
-  EXPECT_EQ(many.err,
-            "\"k.zc\", line 1: error: too many address generators (Max 8), cannot allocate A8\n");
-}
-
-TEST(ZeltParseModel, SiblingLoopsAreRefused) {
-  const PARSE_RESULT r = parse_text(
-      "void k(int n) { __vector a, b; for (int j = 0; j < n; j++) {\n"
-      " for (int i = 0; i < n; i++) { a.clear(); }\n for (int i = 0; i < n; i++) { b.clear(); } } }");
-  EXPECT_EQ(r.err, "\"k.zc\", line 3: error: cannot have more than one nested loop at the same depth\n");
-}
-
-TEST(ZeltParseModel, FifthLevelIsFatal) {
-  std::string text =
-      "void k(int n) { __vector a;\n"
-      " for (int a1 = 0; a1 < n; a1++) { for (int a2 = 0; a2 < n; a2++) {\n"
-      " for (int a3 = 0; a3 < n; a3++) { for (int a4 = 0; a4 < n; a4++) {\n"
-      " for (int a5 = 0; a5 < n; a5++) { a.clear(); } } } } } }";
-  EXPECT_EXIT(
-      {
-        ANTLR_INTERFACE ai(text, "k.zc");
-        ai.invoke();
-      },
-      testing::ExitedWithCode(1), "line 4: fatal error: loop depth is too high");
-}
-
-TEST(ZeltParseModel, PairAssignmentAliasesTheSources) {
-  const PARSE_RESULT r = parse_text(
-      "void k() { __vector a, b, c, d;\n (a, b) = (c, d).interleave();\n a = c; }");
-  // Operations outside a loop are refused by the model as well.
-  EXPECT_NE(r.err.find("\"k.zc\", line 3: warning: vector register \"c\" is dead here, did you "
-                       "mean \"a\"?\n"),
-            std::string::npos);
-  EXPECT_EQ(curr_vkernel->lookup_vreg("d")->alias_name, "b");
 }
 
 }  // namespace

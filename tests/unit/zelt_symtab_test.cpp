@@ -17,12 +17,6 @@ class PREFIXED : public SYMREG {
   std::string format_prefix() const override { return "_VREG"; }
 };
 
-TEST(VdataTypeTest, NamesAndEquality) {
-  EXPECT_EQ(VDATA_TYPE::int32.get_name(), "int32_t");
-  EXPECT_EQ(VDATA_TYPE::uint8.get_name(), "uint8_t");
-  EXPECT_FALSE(VDATA_TYPE::uint16 == VDATA_TYPE::int16);
-}
-
 TEST(SymTableTest, NewSymKeepsFirstNameAndReplacesNumber) {
   SYM_TABLE<PREFIXED> table;
   PREFIXED* a = table.new_sym(here, "a", 3);

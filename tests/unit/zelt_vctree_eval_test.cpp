@@ -147,18 +147,4 @@ TEST_F(ZeltVctreeTrees, PrintedFormsFollowPrecedence) {
   EXPECT_EQ(tostring(trees.nil()), "nil");
 }
 
-TEST_F(ZeltVctreeTrees, PrecedenceTable) {
-  using ANTLR3_TREE_UTIL::operator_precedence;
-  EXPECT_EQ(operator_precedence(COMMA), 1);
-  EXPECT_EQ(operator_precedence(ARGS), 2);
-  EXPECT_EQ(operator_precedence(OROR), 4);
-  EXPECT_EQ(operator_precedence(SHR), 11);
-  EXPECT_EQ(operator_precedence(MOD), 13);
-  EXPECT_EQ(operator_precedence(UAND), 14);
-  EXPECT_EQ(operator_precedence(CALL), 15);
-  EXPECT_EQ(operator_precedence(VPTR), 16);
-  EXPECT_EQ(operator_precedence(INT_TYPE), 0);
-  EXPECT_EQ(operator_precedence(PEXPR), 0);
-}
-
 }  // namespace

@@ -19,16 +19,6 @@ VPEXPR* sym(const std::string& text, PARM* ref = nullptr) {
   return e;
 }
 
-TEST(VpexprTest, ConstructorsSetTextValueAndType) {
-  VPEXPR neg(-1, VPEXPR::EVAL_SIGNED);
-  EXPECT_EQ(neg.text, "-1");
-  EXPECT_EQ(neg.value, 0xFFFFFFFFu);
-  EXPECT_EQ(neg.value64(), -1);
-  VPEXPR big(0xFFFFFFFFL, VPEXPR::EVAL_UNSIGNED);
-  EXPECT_EQ(big.text, "4294967295");
-  EXPECT_EQ(big.value64(), 0xFFFFFFFFLL);
-}
-
 TEST(VpexprTest, ShortCutsReturnOperandsOrSharedZero) {
   PARM_TABLE parms;
   PARM* n = parms.new_parm(here, "n", 0, "int", "");

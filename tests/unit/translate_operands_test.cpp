@@ -1,5 +1,5 @@
-// Temporary names, shared operand values and the address that loads and
-// stores offer to a stream.
+// Operands of translated instructions: temporary registers, and values
+// shared in the parameter block.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -11,9 +11,9 @@
 
 namespace {
 
-class ReviewB : public TRANSLATE_TEST {};
+using OperandTest = TRANSLATE_TEST;
 
-TEST_F(ReviewB, TemporariesSkipTakenNamesAndShareOneCounter) {
+TEST_F(OperandTest, TemporariesSkipTakenNamesAndShareOneCounter) {
   tkernel->vregs.new_vreg(at(1), "Vtemp0", -1);
   EXPECT_EQ(tkernel->temp_vreg()->name, "Vtemp1");
   EXPECT_EQ(tkernel->temp_sreg()->name, "Stemp2");
@@ -21,7 +21,7 @@ TEST_F(ReviewB, TemporariesSkipTakenNamesAndShareOneCounter) {
   EXPECT_EQ(tkernel->lookup_vreg("Vtemp3")->name, "Vtemp3");
 }
 
-TEST_F(ReviewB, OperandsShareValuesByTypeAndText) {
+TEST_F(OperandTest, OperandsShareValuesByTypeAndText) {
   PARM* n = parm("n", "int");
   TCMD cmd(*tkernel, v());
   const VPEXPR* half = sym("n / 2");
@@ -45,17 +45,6 @@ TEST_F(ReviewB, OperandsShareValuesByTypeAndText) {
   EXPECT_EQ(minus.ref(true), "-5");
   EXPECT_EQ(TEXPR(cmd, "int32_t", new VPEXPR(-5, VPEXPR::EVAL_UNSIGNED)).ref(true), "4294967291");
   EXPECT_EQ(cmd.tvals.by_number.size(), 2u);
-}
-
-TEST_F(ReviewB, OnlyALoadOffersItsAddress) {
-  TCMD cmd(*tkernel, v());
-  auto* address = new TEXPR(cmd, "void*", sym("(uchar *)p + 4"));
-  TVLOAD load;
-  load.base_ = address;
-  TVSTORE store;
-  store.base_ = address;
-  EXPECT_EQ(load.base(), address);
-  EXPECT_EQ(store.base(), nullptr);
 }
 
 }  // namespace
